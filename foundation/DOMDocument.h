@@ -1,6 +1,6 @@
 #pragma once
 // Part 1.2: the XML document service, standing in for MSXML's DOMDocument (design.md 1).
-// Reads through QXmlStreamReader, writes with no declaration and no white space.
+// Reads through QXmlStreamReader; writes with no declaration and no white space.
 
 #include "foundation/XmlNode.h"
 

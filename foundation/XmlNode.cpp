@@ -1,0 +1,33 @@
+#include "foundation/XmlNode.h"
+
+#include <utility>
+
+XmlNode::XmlNode(Kind kind, QString nameOrTarget, QString text)
+    : m_kind(kind), m_name(std::move(nameOrTarget)), m_text(std::move(text))
+{
+}
+
+std::optional<QString> XmlNode::getAttribute(QStringView name) const
+{
+    for (const XmlAttribute& attribute : m_attributes) {
+        if (attribute.name == name)
+            return attribute.value;
+    }
+    return std::nullopt;
+}
+
+void XmlNode::setAttribute(const QString& name, const QString& value)
+{
+    for (XmlAttribute& attribute : m_attributes) {
+        if (attribute.name == name) {
+            attribute.value = value;
+            return;
+        }
+    }
+    m_attributes.append({name, value});
+}
+
+XmlNode& XmlNode::appendChild(XmlNode child)
+{
+    return m_children.emplace_back(std::move(child));
+}

@@ -1,0 +1,18 @@
+#pragma once
+// Part 2.1: one joint of a rig binding document, a plain record of text fields and no
+// operations. Every field starts empty: no default limit or vector lives in the record.
+
+#include <QString>
+
+class clsJoint {
+public:
+    QString Id;      // the joint's place in the joint list, as decimal text
+    QString Node;    // the model node that this joint drives
+    QString Min;     // lower limit, as typed
+    QString Max;     // upper limit, as typed
+    QString VectorX; // the axis, one component each
+    QString VectorY;
+    QString VectorZ;
+    QString Action;      // "rotate" or "translate"
+    QString Description; // the joint's display name
+};

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 
 class clsTSL {
 public:
@@ -29,5 +30,8 @@ public:
     qint16 NumScenes() const;
 
 private:
+    // Part 4.1 Load step 3: a missing attribute (VB Null) becomes the empty string.
+    static QString NullToEmpty(const std::optional<QString>& value);
+
     QList<std::shared_ptr<clsScene>> m_scenes;
 };

@@ -1,0 +1,16 @@
+#pragma once
+// Part 3.1: one camera of a stage scene; a plain record of public text fields.
+
+#include <QString>
+
+class clsCamera {
+public:
+    QString Id;   // number of the record as text; empty until AddCamera; what MainCamera holds
+    QString Name; // the camera's name, free text
+    QString PositionX = QStringLiteral("0.0");
+    QString PositionY = QStringLiteral("0.0");
+    QString PositionZ = QStringLiteral("0.0");
+    QString OrientationX = QStringLiteral("0.0");
+    QString OrientationY = QStringLiteral("0.0");
+    QString OrientationZ = QStringLiteral("0.0");
+};

@@ -6,6 +6,7 @@
 #include <QSaveFile>
 #include <QXmlStreamReader>
 
+#include <algorithm>
 #include <vector>
 
 namespace {
@@ -34,10 +35,18 @@ std::optional<XmlNode> contentNode(const QXmlStreamReader& reader)
 
 // Design 5: `&`, `<`, `>`, `"` and control characters escaped. Our own, because Qt 6.4's
 // QXmlStreamWriter drops a whole attribute value that holds a control character.
-QString escaped(const QString& text)
+bool needsEscape(QChar c)
 {
-    QString out;
-    out.reserve(text.size());
+    return c.unicode() < 0x20 || c == u'&' || c == u'<' || c == u'>' || c == u'"';
+}
+
+void appendEscaped(QString& out, const QString& text)
+{
+    // Most texts need nothing: they go across whole.
+    if (std::none_of(text.begin(), text.end(), needsEscape)) {
+        out += text;
+        return;
+    }
     for (const QChar c : text) {
         switch (c.unicode()) {
         case u'&': out += u"&amp;"; break;
@@ -51,7 +60,6 @@ QString escaped(const QString& text)
                 out += c;
         }
     }
-    return out;
 }
 
 void writeNode(QString& out, const XmlNode& node)
@@ -65,7 +73,7 @@ void writeNode(QString& out, const XmlNode& node)
             out += u' ';
             out += attribute.name;
             out += u"=\"";
-            out += escaped(attribute.value);
+            appendEscaped(out, attribute.value);
             out += u'"';
         }
         if (node.childNodes().empty()) {
@@ -80,7 +88,7 @@ void writeNode(QString& out, const XmlNode& node)
         out += u'>';
         break;
     case Kind::Text:
-        out += escaped(node.text());
+        appendEscaped(out, node.text());
         break;
     case Kind::CData:
         out += u"<![CDATA[";
@@ -125,15 +133,30 @@ bool DOMDocument::parse(const QByteArray& data)
     // Names stay as written: a prefix is part of the tag, `xmlns` an attribute like another.
     reader.setNamespaceProcessing(false);
 
+    // Tag and attribute names repeat from element to element: one shared copy of each of
+    // the first few, so a file of many odd names costs no quadratic search.
+    std::vector<QString> names;
+    const auto intern = [&names](QStringView name) {
+        for (const QString& known : names) {
+            if (known == name)
+                return known;
+        }
+        if (names.size() < 64)
+            names.push_back(name.toString());
+        return name.toString();
+    };
+
     // Open elements, innermost last; a finished one moves into its parent.
     std::vector<XmlNode> open;
     std::optional<XmlNode> root;
     while (!reader.atEnd()) {
         switch (reader.readNext()) {
         case QXmlStreamReader::StartElement: {
-            XmlNode element(XmlNode::Kind::Element, reader.qualifiedName().toString());
-            for (const QXmlStreamAttribute& attribute : reader.attributes())
-                element.setAttribute(attribute.qualifiedName().toString(),
+            XmlNode element(XmlNode::Kind::Element, intern(reader.qualifiedName()));
+            // A const copy: iterating the temporary would detach it from the reader's own.
+            const QXmlStreamAttributes attributes = reader.attributes();
+            for (const QXmlStreamAttribute& attribute : attributes)
+                element.setAttribute(intern(attribute.qualifiedName()),
                                      attribute.value().toString());
             open.push_back(std::move(element));
             break;

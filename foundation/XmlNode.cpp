@@ -24,6 +24,8 @@ void XmlNode::setAttribute(const QString& name, const QString& value)
             return;
         }
     }
+    if (m_attributes.isEmpty())
+        m_attributes.reserve(8); // the formats' elements have up to seven
     m_attributes.append({name, value});
 }
 

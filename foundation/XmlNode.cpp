@@ -16,6 +16,15 @@ std::optional<QString> XmlNode::getAttribute(QStringView name) const
     return std::nullopt;
 }
 
+bool XmlNode::readAttribute(QStringView name, QString& into) const
+{
+    std::optional<QString> value = getAttribute(name);
+    if (!value)
+        return false;
+    into = std::move(*value);
+    return true;
+}
+
 void XmlNode::setAttribute(const QString& name, const QString& value)
 {
     for (XmlAttribute& attribute : m_attributes) {

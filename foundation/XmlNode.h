@@ -30,6 +30,9 @@ public:
     // Part 1.2: the text, or Null (std::nullopt) when the attribute is missing; an
     // attribute present but empty gives an empty string.
     std::optional<QString> getAttribute(QStringView name) const;
+    // Part 1.2: an attribute read as plain text. False, with `into` left alone, when it is
+    // missing: the Null cannot become a string.
+    [[nodiscard]] bool readAttribute(QStringView name, QString& into) const;
     // Adds the attribute behind those already set; a second set of one name replaces
     // its value in place.
     void setAttribute(const QString& name, const QString& value);

@@ -2,11 +2,12 @@
 // Part 2.1: the rig binding document, with its joint and animation lists; Part 2.2: its
 // `.rbt` file format (Load and Save, in clsRBT_format.cpp).
 
+#include "foundation/RecordList.h"
 #include "rig/clsAnimation.h"
 #include "rig/clsJoint.h"
 
-#include <QList>
 #include <QString>
+
 #include <memory>
 
 class clsRBT {
@@ -26,13 +27,13 @@ public:
 
     // Part 2.1: the joint list. AddJoint numbers the joint by its place; DeleteJoint
     // renumbers the joints behind the removed one.
-    void AddJoint(std::shared_ptr<clsJoint> j);
+    void AddJoint(const std::shared_ptr<clsJoint>& j);
     void DeleteJoint(qint16 i);
     std::shared_ptr<clsJoint> Joints(qint16 index) const;
     qint16 NumJoints() const;
 
     // Part 2.1: the animation list. An animation's Id refers to the model and never changes.
-    void AddAnimation(std::shared_ptr<clsAnimation> a);
+    void AddAnimation(const std::shared_ptr<clsAnimation>& a);
     void DeleteAnimation(qint16 i);
     std::shared_ptr<clsAnimation> Animations(qint16 index) const;
     qint16 NumAnimations() const;
@@ -40,6 +41,6 @@ public:
 private:
     // The working document and root of Part 2.1 are locals of Load and Save: nothing reads
     // them between two calls (Part 2.2, State and lifecycle).
-    QList<std::shared_ptr<clsJoint>> m_joints;
-    QList<std::shared_ptr<clsAnimation>> m_animations;
+    RecordList<clsJoint> m_joints;
+    RecordList<clsAnimation, Numbering::Kept> m_animations;
 };

@@ -3,6 +3,7 @@
 
 #include "foundation/DOMDocument.h"
 #include "foundation/Limits.h"
+#include "foundation/Triple.h"
 #include "foundation/mdlGeneral.h"
 #include "rig/clsRBT.h"
 
@@ -29,16 +30,6 @@ QString JoinedPath(const QString& stored) {
            mdlGeneral::StoredToNative(mdlGeneral::UndoubleBackslashes(stored));
 }
 
-// Part 2.2: a requested attribute that is absent fails the load; the text is copied as it
-// stands, numbers included.
-bool ReadAttribute(const XmlNode& element, QStringView name, QString& field) {
-    const std::optional<QString> text = element.getAttribute(name);
-    if (!text)
-        return false;
-    field = *text;
-    return true;
-}
-
 // Part 2.2 steps 5 and 6: `texture` and `icon` are joined only when present and not empty;
 // otherwise the field is left alone.
 void ReadOptionalPath(const XmlNode& root, QStringView name, QString& field) {
@@ -47,36 +38,23 @@ void ReadOptionalPath(const XmlNode& root, QStringView name, QString& field) {
         field = JoinedPath(*text);
 }
 
-// Part 2.2 "Splitting vector": X in front of the first comma, Y between it and the next,
-// Z all behind that, further commas included. Blanks stay. Fewer than two commas fail.
-bool SplitVector(const QString& vector, clsJoint& joint) {
-    const qsizetype p1 = vector.indexOf(u',');
-    if (p1 < 0)
-        return false;
-    const qsizetype p2 = vector.indexOf(u',', p1 + 1);
-    if (p2 < 0)
-        return false;
-    joint.VectorX = vector.left(p1);
-    joint.VectorY = vector.mid(p1 + 1, p2 - p1 - 1);
-    joint.VectorZ = vector.mid(p2 + 1);
-    return true;
-}
-
 // Part 2.2 step 8.2: the seven attributes of a `joint`, all required, in the order of the
-// table; the first one missing (or a vector with fewer than two commas) ends the read.
+// table; the first one missing, or a vector with fewer than two commas ("Splitting vector"),
+// ends the read. Blanks stay, and further commas go to VectorZ.
 bool ReadJoint(const XmlNode& element, clsJoint& joint) {
     QString vector;
-    return ReadAttribute(element, u"id", joint.Id) && ReadAttribute(element, u"node", joint.Node) &&
-           ReadAttribute(element, u"min", joint.Min) && ReadAttribute(element, u"max", joint.Max) &&
-           ReadAttribute(element, u"vector", vector) && SplitVector(vector, joint) &&
-           ReadAttribute(element, u"action", joint.Action) &&
-           ReadAttribute(element, u"desc", joint.Description);
+    return element.readAttribute(u"id", joint.Id) && element.readAttribute(u"node", joint.Node) &&
+           element.readAttribute(u"min", joint.Min) && element.readAttribute(u"max", joint.Max) &&
+           element.readAttribute(u"vector", vector) &&
+           SplitTriple(vector, joint.VectorX, joint.VectorY, joint.VectorZ) &&
+           element.readAttribute(u"action", joint.Action) &&
+           element.readAttribute(u"desc", joint.Description);
 }
 
 // Part 2.2 step 8.3: `id` and `name` of an `animation`, both required. Anim stays empty.
 bool ReadAnimation(const XmlNode& element, clsAnimation& animation) {
-    return ReadAttribute(element, u"id", animation.Id) &&
-           ReadAttribute(element, u"name", animation.Name);
+    return element.readAttribute(u"id", animation.Id) &&
+           element.readAttribute(u"name", animation.Name);
 }
 
 } // namespace
@@ -105,8 +83,7 @@ bool clsRBT::Save(const QString& strFile) const {
         element.setAttribute(u"node"_s, joint->Node);
         element.setAttribute(u"min"_s, joint->Min);
         element.setAttribute(u"max"_s, joint->Max);
-        element.setAttribute(u"vector"_s,
-                             joint->VectorX + u',' + joint->VectorY + u',' + joint->VectorZ);
+        element.setAttribute(u"vector"_s, JoinTriple(joint->VectorX, joint->VectorY, joint->VectorZ));
         element.setAttribute(u"action"_s, joint->Action);
         element.setAttribute(u"desc"_s, joint->Description);
         objRoot->appendChild(std::move(element));
@@ -140,7 +117,7 @@ bool clsRBT::Load(const QString& strFile) {
         return false;
 
     // Step 3: `name` is required.
-    if (!ReadAttribute(*objRoot, u"name", Name))
+    if (!objRoot->readAttribute(u"name", Name))
         return false;
 
     // Step 4: `model` is required and always joined to strCurrentDir.
@@ -154,8 +131,8 @@ bool clsRBT::Load(const QString& strFile) {
     ReadOptionalPath(*objRoot, u"icon", Icon);
 
     // Step 7: both record lists start empty.
-    m_joints.clear();
-    m_animations.clear();
+    m_joints.Clear();
+    m_animations.Clear();
 
     // Step 8: every child of the root, all kinds of node counted. Design 5: the count is a
     // 16-bit value, so a root with more child nodes fails.
@@ -170,16 +147,14 @@ bool clsRBT::Load(const QString& strFile) {
         if (child.tagName() == u"joint") {
             // 8.2: AddJoint is not used, so the Id stays as read. Design 5: no list
             // passes 32767 records.
-            auto joint = std::make_shared<clsJoint>();
-            if (!ReadJoint(child, *joint) || m_joints.size() >= Limits::MaxRecords)
+            const auto joint = std::make_shared<clsJoint>();
+            if (!ReadJoint(child, *joint) || !m_joints.AppendLoaded(joint))
                 return false;
-            m_joints.append(std::move(joint));
         } else if (child.tagName() == u"animation") {
             // 8.3
-            auto animation = std::make_shared<clsAnimation>();
-            if (!ReadAnimation(child, *animation) || m_animations.size() >= Limits::MaxRecords)
+            const auto animation = std::make_shared<clsAnimation>();
+            if (!ReadAnimation(child, *animation) || !m_animations.AppendLoaded(animation))
                 return false;
-            m_animations.append(std::move(animation));
         }
         // 8.4: any other tag is skipped with all that it holds.
     }

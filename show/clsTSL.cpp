@@ -11,37 +11,12 @@
 
 // --- the document: Part 4.1 Interfaces and Algorithms ---
 
-void clsTSL::AddScene(const std::shared_ptr<clsScene>& scene) {
-    // Design 5: a list never passes 32767 records; an add at the limit does nothing.
-    // A null reference is no scene and is not added either.
-    if (!scene || m_scenes.size() >= Limits::MaxRecords)
-        return;
-    scene->Id = QString::number(m_scenes.size());
-    m_scenes.append(scene); // the very object, so edits through Scenes reach the document
-}
-
-void clsTSL::DeleteScene(qint16 i) {
-    // Design 7: an index out of range does nothing.
-    if (i < 0 || i >= m_scenes.size())
-        return;
-    // Step 1.
-    m_scenes.removeAt(i);
-    // Step 2: those behind get their new index; those in front keep their Id.
-    for (qsizetype j = i; j < m_scenes.size(); ++j)
-        m_scenes[j]->Id = QString::number(j);
-}
-
-std::shared_ptr<clsScene> clsTSL::Scenes(qint16 index) const {
-    // Design 7: out of range reads no record.
-    if (index < 0 || index >= m_scenes.size())
-        return nullptr;
-    return m_scenes[index];
-}
-
-qint16 clsTSL::NumScenes() const {
-    // AddScene and Load keep the count within Limits::MaxRecords.
-    return static_cast<qint16>(m_scenes.size());
-}
+// AddScene numbers the scene by the count before it and keeps the very object; DeleteScene
+// renumbers those behind, those in front keep their Id. RecordList holds the steps.
+void clsTSL::AddScene(const std::shared_ptr<clsScene>& scene) { m_scenes.Add(scene); }
+void clsTSL::DeleteScene(qint16 i) { m_scenes.Delete(i); }
+std::shared_ptr<clsScene> clsTSL::Scenes(qint16 index) const { return m_scenes.At(index); }
+qint16 clsTSL::NumScenes() const { return m_scenes.Count(); }
 
 QString clsTSL::NullToEmpty(const std::optional<QString>& value) {
     return value.value_or(QString());
@@ -59,17 +34,15 @@ bool clsTSL::Load(const QString& strFile) {
     // The root's name plays no part (Part 1.2).
 
     // Step 2: `title` is read as plain text, so a missing one fails the load.
-    const std::optional<QString> title = root->getAttribute(u"title");
-    if (!title)
+    if (!root->readAttribute(u"title", Title))
         return false;
-    Title = *title;
 
     // Step 3: `mainworld` is the only attribute read through NullToEmpty; a world reference
     // keeps its backslashes as they stand (Part 1.1).
     MainWorld = NullToEmpty(root->getAttribute(u"mainworld"));
 
     // Step 4.
-    m_scenes = {};
+    m_scenes.Clear();
 
     // Step 5. The count of the root's children is 16-bit (design 5): more fails every load.
     const std::vector<XmlNode>& children = root->childNodes();
@@ -86,25 +59,16 @@ bool clsTSL::Load(const QString& strFile) {
 
         // id, name and ssf are read as plain text: each missing one fails the load.
         const auto scene = std::make_shared<clsScene>();
-        const std::optional<QString> id = child.getAttribute(u"id");
-        if (!id)
-            return false;
-        scene->Id = *id;
-        const std::optional<QString> name = child.getAttribute(u"name");
-        if (!name)
-            return false;
-        scene->Name = *name;
-        const std::optional<QString> ssf = child.getAttribute(u"ssf");
-        if (!ssf)
+        if (!child.readAttribute(u"id", scene->Id) || !child.readAttribute(u"name", scene->Name) ||
+            !child.readAttribute(u"ssf", scene->SSF))
             return false;
         // Part 1.1, resource-relative: each pair made one; a lone backslash stays.
-        scene->SSF = mdlGeneral::UndoubleBackslashes(*ssf);
+        scene->SSF = mdlGeneral::UndoubleBackslashes(scene->SSF);
 
-        // Design 5: a list that would pass 32767 records fails the load.
-        if (m_scenes.size() >= Limits::MaxRecords)
+        // Appended as read, without renumbering: Ids from the file stay as they are. Design 5:
+        // a list that would pass 32767 records fails the load.
+        if (!m_scenes.AppendLoaded(scene))
             return false;
-        // Appended as read, without renumbering: Ids from the file stay as they are.
-        m_scenes.append(scene);
     }
 
     // Step 6.

@@ -1,9 +1,9 @@
 #pragma once
 // Part 4.1: the show listing document and its `.tsl` file format.
 
+#include "foundation/RecordList.h"
 #include "show/clsScene.h"
 
-#include <QList>
 #include <QString>
 
 #include <memory>
@@ -33,5 +33,5 @@ private:
     // Part 4.1 Load step 3: a missing attribute (VB Null) becomes the empty string.
     static QString NullToEmpty(const std::optional<QString>& value);
 
-    QList<std::shared_ptr<clsScene>> m_scenes;
+    RecordList<clsScene> m_scenes;
 };

@@ -1,7 +1,7 @@
 #pragma once
 // Part 3.1: the stage scene document; Part 3.2: its `.ssf` file format (clsSSF_format.cpp).
 
-#include "stage/RecordList.h"
+#include "foundation/RecordList.h"
 #include "stage/clsCamera.h"
 #include "stage/clsPuppet.h"
 #include "stage/clsSound.h"

@@ -3,49 +3,19 @@
 
 #include "foundation/DOMDocument.h"
 #include "foundation/Limits.h"
+#include "foundation/Triple.h"
 #include "foundation/mdlGeneral.h"
 #include "stage/clsSSF.h"
 
-#include <QStringBuilder>
-
 namespace {
 
-// Part 1.2: a required attribute is read as plain text; when it is missing the Null
-// can't become a string and the load fails.
-[[nodiscard]] bool ReadText(const XmlNode& objElement, QStringView strName, QString& strField)
-{
-    std::optional<QString> value = objElement.getAttribute(strName);
-    if (!value)
-        return false;
-    strField = std::move(*value);
-    return true;
-}
-
-// Part 3.2 "Reading a triple": split at the first two commas; Z keeps any further commas.
-// Fewer than two commas fail the read. Any of the three may be empty.
-[[nodiscard]] bool ReadTriple(const XmlNode& objElement, QStringView strName,
-                              QString& strX, QString& strY, QString& strZ)
+// Part 3.2 "Reading a triple": an absent attribute fails before the split starts, and so
+// does one with fewer than two commas.
+[[nodiscard]] bool ReadTriple(const XmlNode& objElement, QStringView strName, QString& strX,
+                              QString& strY, QString& strZ)
 {
     QString s;
-    if (!ReadText(objElement, strName, s))
-        return false;
-    const qsizetype p1 = s.indexOf(u',');
-    if (p1 < 0)
-        return false;
-    const qsizetype p2 = s.indexOf(u',', p1 + 1);
-    if (p2 < 0)
-        return false;
-    strX = s.left(p1);
-    strY = s.mid(p1 + 1, p2 - p1 - 1);
-    strZ = s.mid(p2 + 1);
-    return true;
-}
-
-// Part 3.2: a triple is X, Y and Z joined by single commas, character for character.
-// (QStringBuilder's % joins the five pieces in one allocation.)
-QString Triple(const QString& strX, const QString& strY, const QString& strZ)
-{
-    return strX % u',' % strY % u',' % strZ;
+    return objElement.readAttribute(strName, s) && SplitTriple(s, strX, strY, strZ);
 }
 
 } // namespace
@@ -64,7 +34,7 @@ bool clsSSF::Load(const QString& strFile)
 
     // Step 3: `world` is the one required root attribute; its backslashes stay single
     // (a world reference, Part 1.1). The root's name is not looked at.
-    if (!ReadText(*objRoot, u"world", World))
+    if (!objRoot->readAttribute(u"world", World))
         return false;
 
     // Step 4: the other four are optional; absent reads as empty.
@@ -91,9 +61,9 @@ bool clsSSF::Load(const QString& strFile)
         const QString& strTag = objNode.tagName();
         if (strTag == u"puppet") {
             auto p = std::make_shared<clsPuppet>();
-            if (!ReadText(objNode, u"id", p->Id))
+            if (!objNode.readAttribute(u"id", p->Id))
                 return false;
-            if (!ReadText(objNode, u"rbt", p->RBT))
+            if (!objNode.readAttribute(u"rbt", p->RBT))
                 return false;
             p->RBT = mdlGeneral::UndoubleBackslashes(p->RBT);
             if (!ReadTriple(objNode, u"position", p->PositionX, p->PositionY, p->PositionZ))
@@ -107,13 +77,13 @@ bool clsSSF::Load(const QString& strFile)
                 return false;
         } else if (strTag == u"sound") {
             auto s = std::make_shared<clsSound>();
-            if (!ReadText(objNode, u"id", s->Id))
+            if (!objNode.readAttribute(u"id", s->Id))
                 return false;
-            if (!ReadText(objNode, u"name", s->Name))
+            if (!objNode.readAttribute(u"name", s->Name))
                 return false;
-            if (!ReadText(objNode, u"type", s->TypeSound))
+            if (!objNode.readAttribute(u"type", s->TypeSound))
                 return false;
-            if (!ReadText(objNode, u"file", s->File))
+            if (!objNode.readAttribute(u"file", s->File))
                 return false;
             // Undoubling first, then the extension of a dialog sound.
             s->File = mdlGeneral::UndoubleBackslashes(s->File);
@@ -122,10 +92,10 @@ bool clsSSF::Load(const QString& strFile)
                 return false;
         } else if (strTag == u"camera") {
             auto c = std::make_shared<clsCamera>();
-            if (!ReadText(objNode, u"id", c->Id))
+            if (!objNode.readAttribute(u"id", c->Id))
                 return false;
             // A camera's name is taken unchanged, like a sound's (design 5).
-            if (!ReadText(objNode, u"name", c->Name))
+            if (!objNode.readAttribute(u"name", c->Name))
                 return false;
             if (!ReadTriple(objNode, u"position", c->PositionX, c->PositionY, c->PositionZ))
                 return false;
@@ -164,10 +134,10 @@ bool clsSSF::Save(const QString& strFile) const
         objElement.setAttribute(QStringLiteral("id"), p->Id);
         objElement.setAttribute(QStringLiteral("rbt"), mdlGeneral::DoubleBackslashes(p->RBT));
         objElement.setAttribute(QStringLiteral("position"),
-                                Triple(p->PositionX, p->PositionY, p->PositionZ));
-        objElement.setAttribute(QStringLiteral("scale"), Triple(p->ScaleX, p->ScaleY, p->ScaleZ));
+                                JoinTriple(p->PositionX, p->PositionY, p->PositionZ));
+        objElement.setAttribute(QStringLiteral("scale"), JoinTriple(p->ScaleX, p->ScaleY, p->ScaleZ));
         objElement.setAttribute(QStringLiteral("orientation"),
-                                Triple(p->OrientationX, p->OrientationY, p->OrientationZ));
+                                JoinTriple(p->OrientationX, p->OrientationY, p->OrientationZ));
         objRoot->appendChild(std::move(objElement));
     }
 
@@ -190,9 +160,9 @@ bool clsSSF::Save(const QString& strFile) const
         objElement.setAttribute(QStringLiteral("id"), c->Id);
         objElement.setAttribute(QStringLiteral("name"), c->Name);
         objElement.setAttribute(QStringLiteral("position"),
-                                Triple(c->PositionX, c->PositionY, c->PositionZ));
+                                JoinTriple(c->PositionX, c->PositionY, c->PositionZ));
         objElement.setAttribute(QStringLiteral("orientation"),
-                                Triple(c->OrientationX, c->OrientationY, c->OrientationZ));
+                                JoinTriple(c->OrientationX, c->OrientationY, c->OrientationZ));
         objRoot->appendChild(std::move(objElement));
     }
 

@@ -1,7 +1,8 @@
 #pragma once
-// The record list of the Overview ("Record lists") and Part 3.1, written once for the
-// puppet, sound and camera lists of clsSSF. Nothing in it is particular to stage scenes:
-// clsRBT and clsTSL keep lists of the same kind, so it could move to foundation/.
+// The record lists of the Overview ("Record lists"): ordered, with an Add, a Delete, a read
+// by index and a count, holding shared references, so that a field written through the
+// record handed out is written in the document. Written once for every list of the three
+// documents.
 
 #include "foundation/Limits.h"
 
@@ -18,7 +19,13 @@ concept IdRecord = requires(Record r) {
     r.Id = QString();
 };
 
-template <IdRecord Record>
+// How a list numbers its records.
+enum class Numbering {
+    ByPlace, // Parts 2.1, 3.1, 4.1: Add and Delete set an Id to the record's place
+    Kept,    // Part 2.1, animations: the Id refers to the model and never changes
+};
+
+template <IdRecord Record, Numbering numbering = Numbering::ByPlace>
 class RecordList {
 public:
     using Pointer = std::shared_ptr<Record>;
@@ -29,7 +36,8 @@ public:
     {
         if (!record || m_records.size() >= Limits::MaxRecords)
             return;
-        record->Id = QString::number(m_records.size());
+        if constexpr (numbering == Numbering::ByPlace)
+            record->Id = QString::number(m_records.size());
         m_records.append(record);
     }
 
@@ -40,8 +48,10 @@ public:
         if (!contains(i))
             return;
         m_records.removeAt(i);
-        for (qsizetype k = i; k < m_records.size(); ++k)
-            m_records[k]->Id = QString::number(k);
+        if constexpr (numbering == Numbering::ByPlace) {
+            for (qsizetype k = i; k < m_records.size(); ++k)
+                m_records[k]->Id = QString::number(k);
+        }
     }
 
     // The record at index, the very object of the list; nullptr out of range (design 7).
@@ -49,7 +59,7 @@ public:
 
     qint16 Count() const { return static_cast<qint16>(m_records.size()); }
 
-    // Part 3.2 Load step 5.3: appends a record read from a file as it stands, Id untouched.
+    // A Load's step: appends a record read from a file as it stands, Id untouched.
     // False when the list already holds the most a 16-bit count allows (design 5).
     [[nodiscard]] bool AppendLoaded(const Pointer& record)
     {
@@ -58,6 +68,8 @@ public:
         m_records.append(record);
         return true;
     }
+
+    void Clear() { m_records.clear(); }
 
     auto begin() const { return m_records.cbegin(); }
     auto end() const { return m_records.cend(); }

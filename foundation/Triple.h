@@ -1,0 +1,13 @@
+#pragma once
+// Overview, "Coordinate triple" (Parts 2.2, 3.2): three texts joined by single commas in one
+// attribute, split at the first two commas. No number is parsed: blanks and letters stay.
+
+#include <QString>
+
+// X, ",", Y, ",", Z, character for character.
+QString JoinTriple(const QString& x, const QString& y, const QString& z);
+
+// X in front of the first comma, Y between it and the next, Z all behind that, further
+// commas included. Any of the three may be empty. False, with the three left alone, when the
+// text holds fewer than two commas.
+[[nodiscard]] bool SplitTriple(const QString& text, QString& x, QString& y, QString& z);

@@ -1,0 +1,9 @@
+#include "foundation/CheckBox.h"
+
+CheckBox::CheckBox(const QString& name, const QString& caption, QWidget* parent)
+    : QCheckBox(caption, parent)
+{
+    setObjectName(name);
+    setTristate(false);
+    connect(this, &QAbstractButton::toggled, this, [this](bool) { emit Click(); });
+}

@@ -1,0 +1,31 @@
+#pragma once
+// Part 1.3: `CommonDialog`, one a window, as `CommonDialog1`. Its properties stay between
+// calls, as the original's do; `ShowOpen` and `ShowSave` go through the window's
+// DialogService.
+
+#include <QString>
+
+class DialogService;
+
+class CommonDialog {
+public:
+    explicit CommonDialog(DialogService& service) : m_service(&service) {}
+
+    QString FileName;   // after OK a full path; a cancel leaves it as it was
+    QString Filter;     // "description|pattern", e.g. "Troupe Show Listing Files (*.tsl)|*.tsl"
+    QString DefaultExt; // e.g. ".tsl"; added to a typed name without an extension on save
+
+    // True on OK, False on a cancel, which is no error.
+    bool ShowOpen();
+    bool ShowSave();
+
+    // Design.md 3: the original's filter in Qt's form: each description, with its pattern
+    // added in parentheses where the description does not show one, the pairs joined by
+    // ";;". "Troupe Show Listing Files (*.tsl)|*.tsl" gives "Troupe Show Listing Files (*.tsl)".
+    static QString QtFilter(const QString& filter);
+    // `DefaultExt` as Qt's default suffix: ".tsl" gives "tsl".
+    static QString QtDefaultSuffix(const QString& defaultExt);
+
+private:
+    DialogService* m_service;
+};

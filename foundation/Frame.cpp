@@ -1,0 +1,7 @@
+#include "foundation/Frame.h"
+
+Frame::Frame(const QString& name, const QString& caption, QWidget* parent)
+    : QGroupBox(caption, parent)
+{
+    setObjectName(name);
+}

@@ -1,0 +1,16 @@
+#pragma once
+// Part 1.3: `Frame` over QGroupBox. Writing `Enabled` False disables all it contains; the
+// `OptionButton`s placed directly in it form one set that excludes each other.
+
+#include <QGroupBox>
+
+class Frame : public QGroupBox {
+    Q_OBJECT
+
+public:
+    // An empty caption gives a frame without a title.
+    Frame(const QString& name, const QString& caption, QWidget* parent = nullptr);
+
+    // `Enabled` write is QWidget::setEnabled, which reaches every child widget.
+    bool Enabled() const { return isEnabled(); }
+};

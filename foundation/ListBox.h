@@ -1,0 +1,54 @@
+#pragma once
+// Part 1.3: `ListBox` over QListWidget, single selection, not sorted. Design.md 3: `ListIndex`
+// is the selected row (-1 for none, also after `Clear` and after `RemoveItem` of the selected
+// row); `Click` comes from a user's selection or from a write of `ListIndex`, never from
+// `AddItem`, `RemoveItem`, `Clear` or a write of `List(i)`; `KeyDown` gives Visual Basic key
+// codes (46 Delete, 113 F2).
+
+#include <QListWidget>
+
+class ListBox : public QListWidget {
+    Q_OBJECT
+
+public:
+    explicit ListBox(const QString& name, QWidget* parent = nullptr);
+
+    // Appends a row; selects nothing.
+    void AddItem(const QString& text);
+    // Removes row i; when it was the selected row, no row is selected afterwards. A row
+    // that does not exist is no error: nothing happens.
+    void RemoveItem(int i);
+    void Clear();
+    int ListCount() const { return count(); }
+
+    int ListIndex() const;
+    // Selects row i, or none for -1, and raises `Click`, also when i is already selected.
+    // An index out of range changes nothing and raises nothing.
+    void setListIndex(int i);
+
+    // The text of row i; empty for a row that does not exist.
+    QString List(int i) const;
+    // Replaces the text of row i; the selection stays and no `Click` is raised.
+    void setList(int i, const QString& text);
+
+    // "Courier New" 9 point, a fixed-pitch face in its place where it is missing.
+    static QFont FixedPitchFont();
+    void setFixedPitch() { setFont(FixedPitchFont()); }
+
+    // The Visual Basic key code of a Qt key (vbKeyDelete 46, vbKeyF2 113, letters as their
+    // capitals, ...); 0 for a key without one.
+    static int VbKeyCode(int qtKey);
+
+signals:
+    void Click();
+    void KeyDown(int KeyCode);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void selectionChangedByQt();
+
+    bool m_quiet = false; // set while an operation of ours changes the selection
+    int m_lastIndex = -1; // ListIndex as last seen, to raise `Click` on a change only
+};

@@ -1,0 +1,25 @@
+#pragma once
+// Part 1.3: a `Menu` entry over QAction, named by its spec name, with its event `Click`
+// (QAction::triggered). A menu of the menu bar is a QMenu carrying the spec name.
+
+#include <QAction>
+
+class QMenu;
+class QMenuBar;
+
+class Menu : public QAction {
+    Q_OBJECT
+
+public:
+    Menu(const QString& name, const QString& caption, QObject* parent);
+
+    // A menu of the bar, e.g. `menFile` "File", appended behind those already there.
+    static QMenu* AddMenu(QMenuBar* bar, const QString& name, const QString& caption);
+    // An entry appended to `menu`, owned by it.
+    static Menu* AddEntry(QMenu* menu, const QString& name, const QString& caption);
+    // A separator appended to `menu`, named like the original's (`menSep04`).
+    static QAction* AddSeparator(QMenu* menu, const QString& name);
+
+signals:
+    void Click();
+};

@@ -1,0 +1,21 @@
+#pragma once
+// Part 1.3: `OptionButton` over QRadioButton. The buttons that stand directly in one `Frame`
+// exclude each other (Qt's auto-exclusion among the children of one widget); none is on at
+// the start; `Click` is raised when a button becomes on, by the user or by code.
+
+#include <QRadioButton>
+
+class OptionButton : public QRadioButton {
+    Q_OBJECT
+
+public:
+    OptionButton(const QString& name, const QString& caption, QWidget* parent = nullptr);
+
+    bool Value() const { return isChecked(); }
+    // True turns the others of the frame off. False turns this one off, leaving none on,
+    // which Qt's exclusion alone would refuse.
+    void setValue(bool value);
+
+signals:
+    void Click();
+};

@@ -1,0 +1,184 @@
+// Part 4.2: the controls and menus of `frmMainTSL`, each named as in the Part, with the
+// captions of the Part; laid out by Qt layouts. The logic is in frmMainTSL_events.cpp.
+
+#include "show/frmMainTSL.h"
+
+#include "foundation/CommandButton.h"
+#include "foundation/Frame.h"
+#include "foundation/ListBox.h"
+#include "foundation/Menu.h"
+#include "foundation/TextBox.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace {
+
+QLabel* makeLabel(const QString& name, const QString& caption, QWidget* parent)
+{
+    auto* label = new QLabel(caption, parent);
+    label->setObjectName(name);
+    return label;
+}
+
+// The "..." choosers are narrow buttons beside their boxes.
+void makeNarrow(CommandButton* button)
+{
+    button->setFixedWidth(button->fontMetrics().horizontalAdvance(QStringLiteral("....")) + 16);
+}
+
+} // namespace
+
+frmMainTSL::frmMainTSL(DialogService& dialogs, QWidget* parent)
+    : QMainWindow(parent), m_dialogs(dialogs), CommonDialog1(dialogs)
+{
+    setObjectName(QStringLiteral("frmMainTSL"));
+    setWindowTitle(QStringLiteral("Troupe Show Listing Manager"));
+    createControls();
+    createMenus();
+    connectEvents();
+    Form_Load();
+}
+
+frmMainTSL::~frmMainTSL() = default;
+
+void frmMainTSL::createControls()
+{
+    auto* central = new QWidget(this);
+    setCentralWidget(central);
+    auto* layout = new QVBoxLayout(central);
+
+    // General information: title and main world.
+    Frame4 = new Frame(QStringLiteral("Frame4"), QStringLiteral("General information"), central);
+    Label7 = makeLabel(QStringLiteral("Label7"), QStringLiteral("Title"), Frame4);
+    txtTitle = new TextBox(QStringLiteral("txtTitle"), Frame4);
+    Label3 = makeLabel(QStringLiteral("Label3"), QStringLiteral("Main world"), Frame4);
+    txtWorld = new TextBox(QStringLiteral("txtWorld"), Frame4);
+    Command5 = new CommandButton(QStringLiteral("Command5"), QStringLiteral("..."), Frame4);
+    makeNarrow(Command5);
+    auto* general = new QGridLayout(Frame4);
+    general->addWidget(Label7, 0, 0);
+    general->addWidget(txtTitle, 0, 1, 1, 2);
+    general->addWidget(Label3, 1, 0);
+    general->addWidget(txtWorld, 1, 1);
+    general->addWidget(Command5, 1, 2);
+    general->setColumnStretch(1, 1);
+    layout->addWidget(Frame4);
+
+    // Scenes: column heads, the fixed-pitch list, the add button and the detail frame.
+    Frame1 = new Frame(QStringLiteral("Frame1"), QStringLiteral("Scenes"), central);
+    Label1 = makeLabel(QStringLiteral("Label1"), QStringLiteral("Name"), Frame1);
+    Label9 = makeLabel(QStringLiteral("Label9"), QStringLiteral("SSF File"), Frame1);
+    lstScenes = new ListBox(QStringLiteral("lstScenes"), Frame1);
+    lstScenes->setFixedPitch();
+    Command1 = new CommandButton(QStringLiteral("Command1"), QStringLiteral("Add scene..."), Frame1);
+
+    Frame2 = new Frame(QStringLiteral("Frame2"), QString(), Frame1);
+    Label2 = makeLabel(QStringLiteral("Label2"), QStringLiteral("Name:"), Frame2);
+    txtName = new TextBox(QStringLiteral("txtName"), Frame2);
+    Label6 = makeLabel(QStringLiteral("Label6"), QStringLiteral("SSF File:"), Frame2);
+    txtSSF = new TextBox(QStringLiteral("txtSSF"), Frame2);
+    txtSSF->setLocked(true); // changes only through Command3
+    Command3 = new CommandButton(QStringLiteral("Command3"), QStringLiteral("..."), Frame2);
+    makeNarrow(Command3);
+    auto* detail = new QGridLayout(Frame2);
+    detail->addWidget(Label2, 0, 0);
+    detail->addWidget(txtName, 0, 1, 1, 2);
+    detail->addWidget(Label6, 1, 0);
+    detail->addWidget(txtSSF, 1, 1);
+    detail->addWidget(Command3, 1, 2);
+    detail->setColumnStretch(1, 1);
+
+    auto* heads = new QHBoxLayout;
+    heads->setSpacing(0);
+    heads->addWidget(Label1);
+    heads->addWidget(Label9, 1);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(Command1);
+    auto* scenes = new QVBoxLayout(Frame1);
+    scenes->addLayout(heads);
+    scenes->addWidget(lstScenes, 1);
+    scenes->addLayout(buttons);
+    scenes->addWidget(Frame2);
+    layout->addWidget(Frame1, 1);
+
+    alignColumnHeads();
+
+    // The designed state: the frames are disabled until New or an open (Frame2 until the
+    // first selection of a row).
+    Frame4->setEnabled(false);
+    Frame1->setEnabled(false);
+    Frame2->setEnabled(false);
+
+    resize(720, 540);
+}
+
+void frmMainTSL::alignColumnHeads()
+{
+    // "Name" stands over column 1 of the rows, "SSF File" over column 34 (SceneRowText):
+    // the head of the first column is as wide as 33 characters of the list's font, and both
+    // heads begin where the list draws its text.
+    const QFontMetrics metrics(lstScenes->font());
+    const int textStart =
+        lstScenes->frameWidth() +
+        lstScenes->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, lstScenes) + 1;
+    Label1->setContentsMargins(textStart, 0, 0, 0);
+    Label1->setFixedWidth(textStart + metrics.horizontalAdvance(QString(33, u' ')));
+    Label9->setContentsMargins(0, 0, 0, 0);
+    // Room for a name and a typical "..\rez\" file without scrolling.
+    lstScenes->setMinimumWidth(textStart * 2 + metrics.horizontalAdvance(QString(60, u'M')));
+}
+
+void frmMainTSL::createMenus()
+{
+    QMenuBar* bar = menuBar();
+
+    QMenu* menFile = Menu::AddMenu(bar, QStringLiteral("menFile"), QStringLiteral("File"));
+    menNewTSL = Menu::AddEntry(menFile, QStringLiteral("menNewTSL"),
+                               QStringLiteral("&New Troupe Show Listing"));
+    menOpenTSL = Menu::AddEntry(menFile, QStringLiteral("menOpenTSL"),
+                                QStringLiteral("&Open Troupe Show Listing"));
+    menSaveTSL = Menu::AddEntry(menFile, QStringLiteral("menSaveTSL"),
+                                QStringLiteral("&Save Troupe Show Listing"));
+    Menu::AddSeparator(menFile, QStringLiteral("menSep04"));
+    menExit = Menu::AddEntry(menFile, QStringLiteral("menExit"), QStringLiteral("&Exit"));
+
+    QMenu* menScene = Menu::AddMenu(bar, QStringLiteral("menScene"), QStringLiteral("Scene"));
+    menDeleteScene =
+        Menu::AddEntry(menScene, QStringLiteral("menDeleteScene"), QStringLiteral("&Delete"));
+    Menu::AddSeparator(menScene, QStringLiteral("menSep02"));
+    // Part 1.4 connects this entry once the stage scene manager exists.
+    menEditSSF =
+        Menu::AddEntry(menScene, QStringLiteral("menEditSSF"), QStringLiteral("&Edit SSF File"));
+
+    // Part 1.4 connects these entries to the other managers.
+    QMenu* menTools = Menu::AddMenu(bar, QStringLiteral("menTools"), QStringLiteral("Tools"));
+    menSFFEditor =
+        Menu::AddEntry(menTools, QStringLiteral("menSFFEditor"), QStringLiteral("SSF Manager"));
+    menRBTEditor =
+        Menu::AddEntry(menTools, QStringLiteral("menRBTEditor"), QStringLiteral("RBT Manager"));
+}
+
+void frmMainTSL::connectEvents()
+{
+    connect(txtTitle, &TextBox::Change, this, &frmMainTSL::txtTitle_Change);
+    connect(txtWorld, &TextBox::Change, this, &frmMainTSL::txtWorld_Change);
+    connect(txtName, &TextBox::Change, this, &frmMainTSL::txtName_Change);
+    connect(txtSSF, &TextBox::Change, this, &frmMainTSL::txtSSF_Change);
+    connect(lstScenes, &ListBox::Click, this, &frmMainTSL::lstScenes_Click);
+    connect(lstScenes, &ListBox::KeyDown, this, &frmMainTSL::lstScenes_KeyDown);
+    connect(menDeleteScene, &Menu::Click, this, &frmMainTSL::menDeleteScene_Click);
+    connect(menNewTSL, &Menu::Click, this, &frmMainTSL::menNewTSL_Click);
+    connect(menOpenTSL, &Menu::Click, this, &frmMainTSL::menOpenTSL_Click);
+    connect(menSaveTSL, &Menu::Click, this, &frmMainTSL::menSaveTSL_Click);
+    connect(menExit, &Menu::Click, this, &frmMainTSL::menExit_Click);
+    connect(Command1, &CommandButton::Click, this, &frmMainTSL::Command1_Click);
+    connect(Command3, &CommandButton::Click, this, &frmMainTSL::Command3_Click);
+    connect(Command5, &CommandButton::Click, this, &frmMainTSL::Command5_Click);
+}

@@ -1,0 +1,106 @@
+#pragma once
+// Part 4.2: `frmMainTSL`, the show listing window, the manager of `.tsl` files. It holds the
+// logic of its events, in the order of the Part (frmMainTSL_events.cpp); its controls and
+// menus, named as in the Part, are laid out in frmMainTSL.cpp.
+
+#include "foundation/CommonDialog.h"
+#include "show/clsTSL.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+class CommandButton;
+class DialogService;
+class Frame;
+class ListBox;
+class Menu;
+class QLabel;
+class TextBox;
+
+class frmMainTSL : public QMainWindow {
+    Q_OBJECT
+
+public:
+    // The standard dialogs go through `dialogs` (Part 1.3); the window keeps a reference.
+    explicit frmMainTSL(DialogService& dialogs, QWidget* parent = nullptr);
+    ~frmMainTSL() override;
+
+    // Part 4.2: opens the file of that bare name in `strCurrentDir` as the window's document,
+    // shows its own message on failure, does not show the window.
+    void OpenTSL(const QString& strFileName);
+
+    // The open document, nullptr until the first New or open; the bare name of its file,
+    // empty for a document without one. For the suite's links and for tests.
+    const clsTSL* Document() const { return objTSL.get(); }
+    const QString& CurrentFile() const { return strCurrentFile; }
+
+private:
+    // --- layout (frmMainTSL.cpp) ---
+    void createControls();
+    void createMenus();
+    void connectEvents();
+    void alignColumnHeads();
+
+    // --- routines and events, in the order of Part 4.2 (frmMainTSL_events.cpp) ---
+    QString SceneRowText(qint16 index) const;
+    void UpdateSceneRow(qint16 index);
+    void ShowScene(qint16 index);
+    void RefreshWindow();
+
+    void Form_Load();
+    void txtTitle_Change();
+    void txtWorld_Change();
+    void txtName_Change();
+    void txtSSF_Change();
+    void lstScenes_Click();
+    void lstScenes_KeyDown(int KeyCode);
+    void menDeleteScene_Click();
+
+    void menNewTSL_Click();
+    void menOpenTSL_Click();
+    void menSaveTSL_Click();
+    void menExit_Click();
+
+    void Command1_Click();
+    void Command3_Click();
+    void Command5_Click();
+
+    // Caption is the window title; "<base> - <name>".
+    void writeCaption(const QString& name);
+
+    // --- state of Part 4.2 ---
+    DialogService& m_dialogs;
+    CommonDialog CommonDialog1;
+    std::unique_ptr<clsTSL> objTSL; // none until the first New or open
+    QString strBaseCaption;
+    QString strCurrentFile;
+
+    // --- controls, owned by the window through their Qt parents ---
+    Frame* Frame4 = nullptr;
+    QLabel* Label7 = nullptr;
+    TextBox* txtTitle = nullptr;
+    QLabel* Label3 = nullptr;
+    TextBox* txtWorld = nullptr;
+    CommandButton* Command5 = nullptr;
+    Frame* Frame1 = nullptr;
+    QLabel* Label1 = nullptr;
+    QLabel* Label9 = nullptr;
+    ListBox* lstScenes = nullptr;
+    CommandButton* Command1 = nullptr;
+    Frame* Frame2 = nullptr;
+    QLabel* Label2 = nullptr;
+    TextBox* txtName = nullptr;
+    QLabel* Label6 = nullptr;
+    TextBox* txtSSF = nullptr;
+    CommandButton* Command3 = nullptr;
+
+    Menu* menNewTSL = nullptr;
+    Menu* menOpenTSL = nullptr;
+    Menu* menSaveTSL = nullptr;
+    Menu* menExit = nullptr;
+    Menu* menDeleteScene = nullptr;
+    Menu* menEditSSF = nullptr;
+    Menu* menSFFEditor = nullptr;
+    Menu* menRBTEditor = nullptr;
+};

@@ -1,0 +1,259 @@
+// Part 4.2: the routines and events of `frmMainTSL`, in the order of the Part. Design.md 7
+// settles two open points: a command that needs a document does nothing while the window
+// has none, and a failed open leaves the window with the document it had.
+
+#include "show/frmMainTSL.h"
+
+#include "foundation/CommandButton.h"
+#include "foundation/DialogService.h"
+#include "foundation/Frame.h"
+#include "foundation/ListBox.h"
+#include "foundation/TextBox.h"
+#include "foundation/mdlGeneral.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace {
+
+const QString TslFilter = QStringLiteral("Troupe Show Listing Files (*.tsl)|*.tsl");
+
+// SceneRowText: the name is cut to 32 characters and padded to 33, the file follows.
+constexpr qsizetype NameWidth = 32;
+constexpr qsizetype NameColumnWidth = 33;
+
+} // namespace
+
+// --- routines ---
+
+QString frmMainTSL::SceneRowText(qint16 index) const
+{
+    const std::shared_ptr<clsScene> scene = objTSL ? objTSL->Scenes(index) : nullptr;
+    if (!scene)
+        return {}; // design 7: no record, no row text
+    // At least one blank stands between the two, also behind a name of 32 characters or
+    // more; nothing is cut from SSF.
+    return scene->Name.left(NameWidth).leftJustified(NameColumnWidth, u' ') + scene->SSF;
+}
+
+void frmMainTSL::UpdateSceneRow(qint16 index)
+{
+    lstScenes->setList(index, SceneRowText(index)); // the selection stays
+}
+
+void frmMainTSL::ShowScene(qint16 index)
+{
+    const std::shared_ptr<clsScene> scene = objTSL ? objTSL->Scenes(index) : nullptr;
+    if (!scene)
+        return;
+    // Each write raises Change, which writes the same text back and rewrites the row.
+    txtSSF->setText(scene->SSF);
+    txtName->setText(scene->Name);
+}
+
+void frmMainTSL::RefreshWindow()
+{
+    // Step 1.
+    txtTitle->setText(objTSL->Title);
+    txtWorld->setText(objTSL->MainWorld);
+    // Steps 2 and 3; no row is selected afterwards, the detail controls stay as they are.
+    lstScenes->Clear();
+    for (qint16 index = 0; index < objTSL->NumScenes(); ++index)
+        lstScenes->AddItem(SceneRowText(index));
+}
+
+// --- events ---
+
+void frmMainTSL::Form_Load()
+{
+    strBaseCaption = windowTitle();
+}
+
+void frmMainTSL::txtTitle_Change()
+{
+    if (!objTSL)
+        return; // design 7: no document, nothing to write into
+    objTSL->Title = txtTitle->Text();
+}
+
+void frmMainTSL::txtWorld_Change()
+{
+    if (!objTSL)
+        return;
+    objTSL->MainWorld = txtWorld->Text();
+}
+
+void frmMainTSL::txtName_Change()
+{
+    const int index = lstScenes->ListIndex();
+    if (index == -1 || !objTSL)
+        return;
+    if (const std::shared_ptr<clsScene> scene = objTSL->Scenes(index)) {
+        scene->Name = txtName->Text();
+        UpdateSceneRow(index);
+    }
+}
+
+void frmMainTSL::txtSSF_Change()
+{
+    const int index = lstScenes->ListIndex();
+    if (index == -1 || !objTSL)
+        return;
+    if (const std::shared_ptr<clsScene> scene = objTSL->Scenes(index)) {
+        scene->SSF = txtSSF->Text();
+        UpdateSceneRow(index);
+    }
+}
+
+void frmMainTSL::lstScenes_Click()
+{
+    const int index = lstScenes->ListIndex();
+    if (index == -1)
+        return;
+    ShowScene(index);
+    Frame2->setEnabled(true);
+}
+
+void frmMainTSL::lstScenes_KeyDown(int KeyCode)
+{
+    constexpr int vbKeyDelete = 46;
+    if (KeyCode == vbKeyDelete)
+        menDeleteScene_Click();
+}
+
+void frmMainTSL::menDeleteScene_Click()
+{
+    if (!objTSL || lstScenes->ListIndex() == -1)
+        return;
+    // No question is asked.
+    objTSL->DeleteScene(lstScenes->ListIndex());
+    lstScenes->RemoveItem(lstScenes->ListIndex());
+}
+
+// --- the File commands ---
+
+void frmMainTSL::menNewTSL_Click()
+{
+    objTSL = std::make_unique<clsTSL>();
+    RefreshWindow();
+    writeCaption(QStringLiteral("<no name>"));
+    strCurrentFile.clear();
+    Frame4->setEnabled(true);
+    Frame1->setEnabled(true);
+}
+
+void frmMainTSL::menOpenTSL_Click()
+{
+    CommonDialog1.FileName.clear();
+    CommonDialog1.Filter = TslFilter;
+    CommonDialog1.ShowOpen();
+    // A cancel leaves the FileName just emptied.
+    if (CommonDialog1.FileName.isEmpty())
+        return;
+    // Part 1.1: the first qualifying file picked sets the base directory of the run.
+    if (mdlGeneral::strCurrentDir.isEmpty())
+        mdlGeneral::strCurrentDir = mdlGeneral::GetDirectory(CommonDialog1.FileName);
+    OpenTSL(mdlGeneral::GetFileName(CommonDialog1.FileName));
+}
+
+void frmMainTSL::OpenTSL(const QString& strFileName)
+{
+    // Design 7: the file is read into a new document, which replaces the open one only when
+    // the load succeeds; a failed open keeps the document, rows and caption the window had.
+    auto loaded = std::make_unique<clsTSL>();
+    if (!loaded->Load(mdlGeneral::strCurrentDir + strFileName)) {
+        m_dialogs.MsgBox(QStringLiteral("Cannot open the TSL file ") + mdlGeneral::strCurrentDir +
+                         strFileName);
+        return;
+    }
+    objTSL = std::move(loaded);
+    strCurrentFile = strFileName;
+    RefreshWindow();
+    Frame4->setEnabled(true);
+    Frame1->setEnabled(true);
+    writeCaption(strCurrentFile);
+}
+
+void frmMainTSL::menSaveTSL_Click()
+{
+    if (!objTSL)
+        return; // design 7: nothing to save, no dialog
+    CommonDialog1.FileName = strCurrentFile;
+    CommonDialog1.Filter = TslFilter;
+    CommonDialog1.DefaultExt = QStringLiteral(".tsl");
+    const bool chosen = CommonDialog1.ShowSave();
+    CommonDialog1.DefaultExt.clear();
+    if (!chosen || CommonDialog1.FileName.isEmpty())
+        return;
+    // The full path of the dialog; strCurrentDir is not touched.
+    if (objTSL->Save(CommonDialog1.FileName)) {
+        strCurrentFile = mdlGeneral::GetFileName(CommonDialog1.FileName);
+        writeCaption(strCurrentFile);
+    } else {
+        m_dialogs.MsgBox(QStringLiteral("Cannot save TSL file"));
+    }
+}
+
+void frmMainTSL::menExit_Click()
+{
+    // `End`: the run ends at once, with no prompt and no save; main returns from the
+    // event loop and the process ends.
+    QCoreApplication::exit(0);
+}
+
+// --- the buttons ---
+
+void frmMainTSL::Command1_Click()
+{
+    if (!objTSL)
+        return;
+    // Step 1. At the limit of 32767 scenes AddScene does nothing, and nor does the command
+    // (design 5).
+    const qint16 before = objTSL->NumScenes();
+    objTSL->AddScene(std::make_shared<clsScene>());
+    if (objTSL->NumScenes() == before)
+        return;
+    // Step 2.
+    lstScenes->AddItem(SceneRowText(lstScenes->ListCount()));
+    // Step 3: the Click this raises shows the new, empty scene and enables Frame2.
+    lstScenes->setListIndex(lstScenes->ListCount() - 1);
+}
+
+void frmMainTSL::Command3_Click()
+{
+    // Step 1.
+    CommonDialog1.FileName.clear();
+    CommonDialog1.Filter = QStringLiteral("Stage Scene Files (*.ssf)|*.ssf");
+    CommonDialog1.ShowOpen();
+    // Step 2.
+    if (CommonDialog1.FileName.isEmpty())
+        return;
+    // Step 3: Change carries it into the selected scene and its row, if there is one.
+    txtSSF->setText(QStringLiteral("..\\rez\\") + mdlGeneral::GetFileName(CommonDialog1.FileName));
+    // Step 4 (Part 1.1).
+    if (mdlGeneral::strCurrentDir.isEmpty())
+        mdlGeneral::strCurrentDir = mdlGeneral::GetDirectory(CommonDialog1.FileName);
+}
+
+void frmMainTSL::Command5_Click()
+{
+    // Step 1.
+    CommonDialog1.FileName.clear();
+    CommonDialog1.Filter = QStringLiteral("LithTech world dat file (*.dat)|*.dat");
+    CommonDialog1.ShowOpen();
+    // Step 2.
+    if (CommonDialog1.FileName.isEmpty())
+        return;
+    // Step 3.
+    txtWorld->setText(QStringLiteral("..\\rez\\worlds\\") +
+                      mdlGeneral::GetFileName(CommonDialog1.FileName));
+    // Step 4: the last four characters go, whatever they are. strCurrentDir is not touched.
+    const QString world = txtWorld->Text();
+    txtWorld->setText(world.left(std::max<qsizetype>(0, world.size() - 4)));
+}
+
+void frmMainTSL::writeCaption(const QString& name)
+{
+    setWindowTitle(strBaseCaption + QStringLiteral(" - ") + name);
+}

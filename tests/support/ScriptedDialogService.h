@@ -1,0 +1,65 @@
+#pragma once
+// A DialogService for window tests: it answers each dialog from a queue that the test fills
+// as a user would answer (a file chosen, a cancel, a text typed), and records every dialog
+// as it was shown and every message. A dialog with no answer left, or with an answer of the
+// wrong kind, fails the running test loudly and is cancelled.
+
+#include "foundation/DialogService.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+class ScriptedDialogService : public DialogService {
+public:
+    enum class Kind { Open, Save, Input };
+
+    // A dialog as the window showed it: for a file dialog `Filter`, the `FileName` preset and
+    // `DefaultExt`; for an InputBox the prompt and the default.
+    struct Shown {
+        Kind kind;
+        QString Filter;
+        QString FileName;
+        QString DefaultExt;
+        QString prompt;
+        QString defaultText;
+    };
+
+    // The next file dialog ends with OK and this `FileName` (a full path, as Qt gives).
+    void answerFile(const QString& fileName);
+    // The next dialog, a file dialog or an InputBox, ends with Cancel.
+    void answerCancel();
+    // The next InputBox ends with OK and this text.
+    void answerInput(const QString& typed);
+
+    // Every MsgBox text, in order.
+    const QStringList& messages() const { return m_messages; }
+    // Every dialog shown, in order.
+    const QList<Shown>& shown() const { return m_shown; }
+    // The last dialog shown; the program stops when none was.
+    const Shown& lastShown() const;
+    // Answers scripted and not yet used.
+    qsizetype pendingAnswers() const { return m_answers.size(); }
+    // Forgets messages, dialogs shown and answers left, e.g. between steps of a session.
+    void reset();
+
+    bool ShowOpen(CommonDialog& dialog) override;
+    bool ShowSave(CommonDialog& dialog) override;
+    void MsgBox(const QString& text) override;
+    QString InputBox(const QString& prompt, const QString& defaultText) override;
+
+private:
+    enum class AnswerKind { File, Cancel, Input };
+    struct Answer {
+        AnswerKind kind;
+        QString text;
+    };
+
+    bool showFile(Kind kind, CommonDialog& dialog);
+    // The next answer; a missing one fails the test and reads as a cancel.
+    Answer take(const char* dialogName);
+
+    QList<Answer> m_answers;
+    QStringList m_messages;
+    QList<Shown> m_shown;
+};

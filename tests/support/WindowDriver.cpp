@@ -1,0 +1,101 @@
+#include "tests/support/WindowDriver.h"
+
+#include "foundation/ComboBox.h"
+#include "foundation/ListBox.h"
+#include "foundation/TextBox.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QtTest>
+
+WindowDriver::WindowDriver(QWidget* window) : m_window(window)
+{
+    m_window->show();
+    if (!QTest::qWaitForWindowExposed(m_window))
+        qWarning("WindowDriver: the window was not exposed");
+}
+
+void WindowDriver::missing(const QString& name, const char* type)
+{
+    qFatal("WindowDriver: no %s named \"%s\"", type, qPrintable(name));
+}
+
+TextBox* WindowDriver::textBox(const QString& name) const
+{
+    return find<TextBox>(name);
+}
+
+ListBox* WindowDriver::listBox(const QString& name) const
+{
+    return find<ListBox>(name);
+}
+
+ComboBox* WindowDriver::comboBox(const QString& name) const
+{
+    return find<ComboBox>(name);
+}
+
+QAction* WindowDriver::menuEntry(const QString& name) const
+{
+    return find<QAction>(name);
+}
+
+void WindowDriver::type(const QString& name, const QString& text)
+{
+    TextBox* box = textBox(name);
+    if (box->isEnabled())
+        box->setFocus(Qt::MouseFocusReason);
+    QTest::keyClick(box, Qt::Key_End);
+    QTest::keyClicks(box, text);
+}
+
+void WindowDriver::clearText(const QString& name)
+{
+    TextBox* box = textBox(name);
+    if (box->isEnabled())
+        box->setFocus(Qt::MouseFocusReason);
+    QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(box, Qt::Key_Backspace);
+}
+
+void WindowDriver::click(const QString& name)
+{
+    QAbstractButton* button = find<QAbstractButton>(name);
+    QTest::mouseClick(button, Qt::LeftButton, {}, button->rect().center());
+}
+
+void WindowDriver::trigger(const QString& name)
+{
+    menuEntry(name)->trigger();
+}
+
+void WindowDriver::pickRow(const QString& name, int row)
+{
+    ListBox* list = listBox(name);
+    QListWidgetItem* item = list->item(row);
+    if (!item)
+        qFatal("WindowDriver: list \"%s\" has no row %d", qPrintable(name), row);
+    list->scrollToItem(item);
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(item).center());
+}
+
+void WindowDriver::pressKey(const QString& name, Qt::Key key)
+{
+    QWidget* control = find<QWidget>(name);
+    QTest::keyClick(control, key);
+}
+
+void WindowDriver::pickComboRow(const QString& name, int row)
+{
+    ComboBox* combo = comboBox(name);
+    combo->showPopup();
+    QAbstractItemView* view = combo->view();
+    if (!QTest::qWaitForWindowExposed(view->window()))
+        qWarning("WindowDriver: the list of \"%s\" did not open", qPrintable(name));
+    const QModelIndex index = view->model()->index(row, combo->modelColumn());
+    if (!index.isValid())
+        qFatal("WindowDriver: combo box \"%s\" has no row %d", qPrintable(name), row);
+    // Moving there is what the mouse over the row does; Enter takes it as a click would.
+    view->setCurrentIndex(index);
+    QTest::keyClick(view, Qt::Key_Return);
+}

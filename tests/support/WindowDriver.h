@@ -1,0 +1,52 @@
+#pragma once
+// Drives a window as a user would, finding its controls by their spec names (objectName):
+// keys typed one by one, mouse clicks on buttons and rows, menu entries chosen, keys pressed
+// on a list. A control that does not exist ends the test program with its name.
+
+#include <QWidget>
+
+class ComboBox;
+class ListBox;
+class QAction;
+class TextBox;
+
+class WindowDriver {
+public:
+    // Shows the window (on the offscreen platform in tests) and waits until it is exposed.
+    explicit WindowDriver(QWidget* window);
+
+    QWidget* window() const { return m_window; }
+
+    // The control of that name and type; the program stops when there is none.
+    template <class T> T* find(const QString& name) const
+    {
+        T* control = m_window->findChild<T*>(name);
+        if (!control)
+            missing(name, T::staticMetaObject.className());
+        return control;
+    }
+    TextBox* textBox(const QString& name) const;
+    ListBox* listBox(const QString& name) const;
+    ComboBox* comboBox(const QString& name) const;
+    QAction* menuEntry(const QString& name) const;
+
+    // Clicks into the box and types `text` key by key at the end of what it holds.
+    void type(const QString& name, const QString& text);
+    // Clicks into the box, selects all with Ctrl+A and deletes it with Backspace.
+    void clearText(const QString& name);
+    // A left click in the middle of a button, check box or option button.
+    void click(const QString& name);
+    // Chooses a menu entry (nothing happens when it is disabled).
+    void trigger(const QString& name);
+    // A left click on row `row` of a list.
+    void pickRow(const QString& name, int row);
+    // A key pressed and released on a list (or any control).
+    void pressKey(const QString& name, Qt::Key key);
+    // Opens the list of a combo box, moves to row `row` and takes it with Enter.
+    void pickComboRow(const QString& name, int row);
+
+private:
+    [[noreturn]] static void missing(const QString& name, const char* type);
+
+    QWidget* m_window;
+};

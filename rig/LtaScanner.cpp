@@ -80,42 +80,73 @@ namespace {
 constexpr int DepthMax = std::numeric_limits<qint16>::max();
 constexpr int DepthMin = std::numeric_limits<qint16>::min();
 
-// Any character that is neither a bracket nor the pattern's first, read while the place is 1,
-// changes nothing in FindInFile: the place stays 1 and the depth stays. So the search looks
-// only at the brackets and first characters, and at the characters behind them while a match
-// is under way; the others it passes over, sixteen at a time where the processor allows.
-
-// Bit i set where block[i] (i < 64) is "(", ")" or `first`.
-quint64 EventMask64(const char* const block, const char first)
+// "(" and ")" are 0x28 and 0x29: one test finds both.
+constexpr bool IsBracket(const char c)
 {
-#if defined(__SSE2__)
-    const __m128i open = _mm_set1_epi8('(');
-    const __m128i close = _mm_set1_epi8(')');
-    const __m128i start = _mm_set1_epi8(first);
+    return (c | 1) == ')';
+}
+
+// While no match is under way, a character that is neither a bracket nor the start of a
+// match changes nothing in FindInFile. So where the buffer holds 64 characters, FindInFile
+// looks at them through bit masks: it counts their brackets one by one (any may stop the
+// search) up to the first character that may start a match, and takes that one as usual.
+
+// Bit i tells whether block[i] (i < 64) is `c`.
+quint64 MaskOf(const char* const block, const char c)
+{
     quint64 mask = 0;
+#if defined(__SSE2__)
+    const __m128i wanted = _mm_set1_epi8(c);
     for (int i = 0; i < 64; i += 16) {
         const __m128i chars = _mm_loadu_si128(reinterpret_cast<const __m128i*>(block + i));
-        const __m128i hits = _mm_or_si128(
-            _mm_or_si128(_mm_cmpeq_epi8(chars, open), _mm_cmpeq_epi8(chars, close)),
-            _mm_cmpeq_epi8(chars, start));
-        mask |= quint64(quint32(_mm_movemask_epi8(hits))) << i;
+        mask |= quint64(quint32(_mm_movemask_epi8(_mm_cmpeq_epi8(chars, wanted)))) << i;
     }
-    return mask;
 #else
-    quint64 mask = 0;
-    for (int i = 0; i < 64; ++i) {
-        const char c = block[i];
-        if (c == '(' || c == ')' || c == first)
-            mask |= quint64(1) << i;
-    }
-    return mask;
+    for (int i = 0; i < 64; ++i)
+        mask |= quint64(block[i] == c) << i;
 #endif
+    return mask;
+}
+
+// The characters of a block of 64 that FindInFile looks at, as masks.
+struct BlockMasks
+{
+    quint64 open;   // "("
+    quint64 close;  // ")"
+    quint64 first;  // the pattern's first character
+    quint64 second; // its second (none for a pattern of one character)
+
+    BlockMasks(const char* const block, QByteArrayView pattern)
+        : open(MaskOf(block, '(')),
+          close(MaskOf(block, ')')),
+          first(pattern[0] == '(' ? open : MaskOf(block, pattern[0])),
+          second(pattern.size() > 1 ? MaskOf(block, pattern[1]) : 0)
+    {
+    }
+};
+
+// How many of the 64 characters of a block, read with no match under way (the Part's place
+// 1), count for their brackets alone: none of them completes a match, and none is under way
+// behind them. Proof: such a match would start at a character j that is the pattern's first
+// and is followed by its second (bit j of `starts`), or that is the last one of them. So
+// they end before the first start, and before the run of first characters in front of it
+// (as in the Part's "((name", where the second "(" is not tried again as a start).
+int PlainPrefix(const BlockMasks& masks, const qsizetype length)
+{
+    const quint64 last = quint64(1) << 63; // its follower is not in the block
+    const quint64 starts = length == 1 ? masks.first
+                                       : masks.first & ((masks.second >> 1) | last);
+    if (starts == 0)
+        return 64;
+    const quint64 before = (quint64(1) << qCountTrailingZeroBits(starts)) - 1;
+    const quint64 others = before & ~masks.first;
+    return others == 0 ? 0 : 64 - qCountLeadingZeroBits(others);
 }
 
 // The first of [p, end) that is a bracket or `first`; end when there is none.
 const char* NextBracketOr(const char* p, const char* const end, const char first)
 {
-    while (p != end && *p != '(' && *p != ')' && *p != first)
+    while (p != end && !IsBracket(*p) && *p != first)
         ++p;
     return p;
 }
@@ -136,11 +167,10 @@ bool LtaScanner::FindInFile(ModelFile& file, QByteArrayView pattern, qint16 limi
     int depth = 0;
     bool stop = false;
     bool overflow = false;
+    bool lookedNear = false;
 
-    // Steps 2.2 to 2.4 for one character read; false when the loop of step 2 ends with it.
-    const auto take = [&](const char c) {
-        // Step 2.2: on a mismatch back to the start, without trying this character again.
-        place = (c == pat[place]) ? place + 1 : 0;
+    // Steps 2.3 and 2.4 for one character read; false when the loop of step 2 ends with it.
+    const auto count = [&](const char c) {
         // Step 2.3: every bracket counts, inside quotes or not, the pattern's own included.
         depth += int(c == '(') - int(c == ')');
         if (depth < limit || depth > DepthMax) [[unlikely]] {
@@ -150,7 +180,13 @@ bool LtaScanner::FindInFile(ModelFile& file, QByteArrayView pattern, qint16 limi
                 stop = true; // step 2.4
             return false;
         }
-        return place != length;
+        return true;
+    };
+    // Steps 2.2 to 2.4.
+    const auto take = [&](const char c) {
+        // Step 2.2: on a mismatch back to the start, without trying this character again.
+        place = (c == pat[place]) ? place + 1 : 0;
+        return count(c) && place != length;
     };
 
     // Step 2, over the characters in the buffer; AtEnd refills it.
@@ -160,28 +196,54 @@ bool LtaScanner::FindInFile(ModelFile& file, QByteArrayView pattern, qint16 limi
         bool goOn = true;
         while (goOn && p != end) {
             if (place != 0) {
-                goOn = take(*p++);
-            } else if (end - p < 64) {
+                // A match under way: the characters that go on with it and are no brackets
+                // only move the place on (steps 2.2 and 2.3); the first other one is taken.
+                const auto extends = [](char c, char wanted) {
+                    return c == wanted && !IsBracket(c);
+                };
+                const qsizetype most = qMin(length - place, end - p);
+                const char* const other = std::mismatch(p, p + most, pat + place, extends).first;
+                place += other - p;
+                p = other;
+                if (place == length)
+                    goOn = false;
+                else if (p != end)
+                    goOn = take(*p++);
+            } else if (!lookedNear) {
+                // At a search's start the next bracket or first character is mostly near
+                // (the quote behind "(name", the ")" behind a node's name): it is first
+                // looked for one character at a time, among the next 8.
+                lookedNear = true;
+                const char* const near = p + qMin<qptrdiff>(8, end - p);
+                p = NextBracketOr(p, near, pat[0]);
+                if (p != near)
+                    goOn = take(*p++);
+            } else if (end - p >= 64 && depth <= DepthMax - 64) {
+                // A block of 64 characters (too few brackets to overflow the depth): those in
+                // front of a possible match count only for their brackets; the next is taken.
+                const BlockMasks masks(p, pattern);
+                const int plain = PlainPrefix(masks, length);
+                const quint64 taken = plain == 64 ? ~quint64(0) : (quint64(1) << plain) - 1;
+                const char* const block = p;
+                p += plain;
+                for (quint64 brackets = (masks.open | masks.close) & taken; brackets != 0;
+                     brackets &= brackets - 1) {
+                    const int i = qCountTrailingZeroBits(brackets);
+                    depth += int((masks.open >> i) & 1) * 2 - 1; // step 2.3; it cannot overflow
+                    if (depth < limit) [[unlikely]] {
+                        // Step 2.4 (or, for a limit of -32768, the depth leaves 16 bits).
+                        (depth < DepthMin ? overflow : stop) = true;
+                        p = block + i + 1;
+                        goOn = false;
+                        break;
+                    }
+                }
+                if (goOn && plain < 64)
+                    goOn = take(*p++);
+            } else {
                 p = NextBracketOr(p, end, pat[0]);
                 if (p != end)
                     goOn = take(*p++);
-            } else {
-                // A block of 64 characters: only those marked in `events` need a look, and
-                // those behind them while a match is under way.
-                const char* const block = p;
-                p += 64;
-                for (quint64 events = EventMask64(block, pat[0]); events != 0;) {
-                    const char* q = block + qCountTrailingZeroBits(events);
-                    do {
-                        goOn = take(*q++);
-                    } while (goOn && place != 0 && q != p);
-                    if (!goOn || place != 0) {
-                        p = q; // the search ended here, or a match runs on past the block
-                        break;
-                    }
-                    const qptrdiff taken = q - block;
-                    events = taken == 64 ? 0 : events & (~quint64(0) << taken);
-                }
             }
         }
         file.Advance(p);

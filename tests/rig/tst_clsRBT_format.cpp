@@ -1,48 +1,23 @@
-// Part 2.2: the `.rbt` file format, Load and Save of clsRBT, with the base-relative paths of
-// Part 1.1 (design 4) and the limits of design 5. Files are written into a QTemporaryDir with
-// their text in the test; raw strings show the file's characters as they stand, so `\\` in a
-// text below is the two backslashes of the file.
+// Part 2.2: the `.rbt` file format, Load and Save of clsRBT: the edge cases of the Part, the
+// example file, and the base-relative paths of Part 1.1 (design 4). The failures and the
+// limits of design 5 are in tst_clsRBT_format_failures.cpp. Files are written into a
+// QTemporaryDir with their text in the test (RbtTestSupport.h).
 
-#include "foundation/Limits.h"
-#include "foundation/mdlGeneral.h"
-#include "rig/clsRBT.h"
+#include "RbtTestSupport.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <memory>
 
 using namespace Qt::StringLiterals;
+using namespace RbtTest;
 
-namespace {
-
-// The small file of Part 2.2, as written.
-constexpr char exampleFile[] =
-    R"(<rbt name="Hero" type="model" model="models\\hero.ltb" texture="" icon="">)"
-    R"(<joint id="0" node="Head" min="-90.0" max="90.0" vector="0.0,1.0,0.0" action="rotate" desc="Nod"/>)"
-    R"(<animation id="3" name="Wave"/></rbt>)";
-
-// A root with its two required attributes, around the given children.
-QByteArray rbtWith(const QByteArray& children) {
-    return R"(<rbt name="Hero" model="hero.ltb">)" + children + "</rbt>";
-}
-
-QByteArray jointWithVector(const QByteArray& vector) {
-    return R"(<joint id="0" node="Head" min="-90.0" max="90.0" vector=")" + vector +
-           R"(" action="rotate" desc="Nod"/>)";
-}
-
-} // namespace
-
-class tst_clsRBT_format : public QObject {
+class tst_clsRBT_format : public QObject, private DirFixture {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { QVERIFY(enterFreshDir()); }
+    void cleanup() { leaveDir(); }
 
     // Part 2.2, Edge cases worth testing
     void documentWithoutRecordsIsWrittenAsRootAloneAndReadsBackEmpty();
@@ -75,68 +50,10 @@ private slots:
     void emptyElementInBothFormsLoads();
     void tagsAndAttributeNamesAreComparedWithCase();
 
-    // Failures
-    void loadFailure_data();
-    void loadFailure();
-    void failedLoadLeavesTheObjectAsFarAsItGot();
-    void rootWithMoreThanMaxChildNodesFails_data();
-    void rootWithMoreThanMaxChildNodesFails();
-    void listThatWouldPassMaxRecordsFails_data();
-    void listThatWouldPassMaxRecordsFails();
-    void saveIntoMissingDirectoryFailsAndMakesNoDirectory();
-    void saveOntoExistingDirectoryFailsAndLeavesItUnchanged();
-    void failedSaveLeavesExistingFileUnchanged();
+    // Save
     void saveReplacesExistingFileWhole();
     void saveChangesNoFieldOrRecord();
-
-private:
-    QString path(const QString& name) const { return m_dir->filePath(name); }
-    QString base() const { return mdlGeneral::strCurrentDir; }
-    QString write(const QString& name, const QByteArray& text) const;
-    static QByteArray read(const QString& file);
-    // Loads `text` into `rbt` from a file, asserting success.
-    bool loadText(clsRBT& rbt, const QByteArray& text) const;
-    // Saves `rbt` and gives the bytes written.
-    QByteArray saved(const clsRBT& rbt) const;
-
-    std::unique_ptr<QTemporaryDir> m_dir;
 };
-
-void tst_clsRBT_format::init() {
-    m_dir = std::make_unique<QTemporaryDir>();
-    QVERIFY(m_dir->isValid());
-    // Design 4.3: strCurrentDir is native, with its trailing separator.
-    mdlGeneral::strCurrentDir = m_dir->path() + QDir::separator();
-}
-
-void tst_clsRBT_format::cleanup() {
-    // strCurrentDir is process-wide: no test may leave it to the next.
-    mdlGeneral::strCurrentDir.clear();
-    m_dir.reset();
-}
-
-QString tst_clsRBT_format::write(const QString& name, const QByteArray& text) const {
-    QFile file(path(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
-        qFatal("cannot write the test file %s", qPrintable(file.fileName()));
-    return file.fileName();
-}
-
-QByteArray tst_clsRBT_format::read(const QString& file) {
-    QFile in(file);
-    return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray("<unreadable>");
-}
-
-bool tst_clsRBT_format::loadText(clsRBT& rbt, const QByteArray& text) const {
-    return rbt.Load(write(u"in.rbt"_s, text));
-}
-
-QByteArray tst_clsRBT_format::saved(const clsRBT& rbt) const {
-    const QString out = path(u"out.rbt"_s);
-    if (!rbt.Save(out))
-        return "<save failed>";
-    return read(out);
-}
 
 // --- Part 2.2, Edge cases worth testing ---
 
@@ -484,164 +401,7 @@ void tst_clsRBT_format::tagsAndAttributeNamesAreComparedWithCase() {
     QVERIFY(!loadText(root, R"(<rbt Name="Hero" model="hero.ltb"/>)"));
 }
 
-// --- Failures ---
-
-void tst_clsRBT_format::loadFailure_data() {
-    // target: "file" loads `text` from a file, "missing" a path with no file, "directory" a
-    // directory's path.
-    QTest::addColumn<QString>("target");
-    QTest::addColumn<QByteArray>("text");
-
-    QTest::newRow("not XML") << u"file"_s << QByteArray("name=Hero model=hero.ltb");
-    QTest::newRow("not well-formed") << u"file"_s << QByteArray(R"(<rbt name="Hero" model="hero.ltb">)");
-    QTest::newRow("empty file") << u"file"_s << QByteArray();
-    QTest::newRow("missing file") << u"missing"_s << QByteArray();
-    QTest::newRow("a directory") << u"directory"_s << QByteArray();
-    QTest::newRow("root without name") << u"file"_s << QByteArray(R"(<rbt model="hero.ltb"/>)");
-    QTest::newRow("root without model") << u"file"_s << QByteArray(R"(<rbt name="Hero"/>)");
-    QTest::newRow("comment among children")
-        << u"file"_s << rbtWith(R"(<animation id="0" name="Idle"/><!-- c -->)");
-    QTest::newRow("text among children") << u"file"_s << rbtWith(R"(<animation id="0" name="Idle"/>x)");
-    QTest::newRow("CDATA among children") << u"file"_s << rbtWith("<![CDATA[ ]]>");
-    QTest::newRow("processing instruction among children") << u"file"_s << rbtWith("<?pi data?>");
-
-    const QList<QByteArray> attributes = {R"(id="0")",   R"(node="Head")",
-                                          R"(min="-90.0")", R"(max="90.0")",
-                                          R"(vector="0.0,1.0,0.0")", R"(action="rotate")",
-                                          R"(desc="Nod")"};
-    for (qsizetype missing = 0; missing < attributes.size(); ++missing) {
-        QByteArray joint = "<joint";
-        for (qsizetype k = 0; k < attributes.size(); ++k) {
-            if (k != missing)
-                joint += ' ' + attributes[k];
-        }
-        joint += "/>";
-        const QByteArray name = attributes[missing].left(attributes[missing].indexOf('='));
-        QTest::addRow("joint without %s", name.constData()) << u"file"_s << rbtWith(joint);
-    }
-    QTest::newRow("joint with ID for id")
-        << u"file"_s
-        << rbtWith(R"(<joint ID="0" node="Head" min="-90.0" max="90.0" vector="0.0,1.0,0.0" action="rotate" desc="Nod"/>)");
-    QTest::newRow("animation without id") << u"file"_s << rbtWith(R"(<animation name="Wave"/>)");
-    QTest::newRow("animation without name") << u"file"_s << rbtWith(R"(<animation id="3"/>)");
-    QTest::newRow("vector with one comma") << u"file"_s << rbtWith(jointWithVector("1,2"));
-    QTest::newRow("vector without comma") << u"file"_s << rbtWith(jointWithVector("1 2 3"));
-    QTest::newRow("empty vector") << u"file"_s << rbtWith(jointWithVector(""));
-}
-
-void tst_clsRBT_format::loadFailure() {
-    QFETCH(QString, target);
-    QFETCH(QByteArray, text);
-    QString file = path(u"case.rbt"_s);
-    if (target == u"file")
-        write(u"case.rbt"_s, text);
-    else if (target == u"directory")
-        QVERIFY(QDir(m_dir->path()).mkdir(u"case.rbt"_s));
-    QCOMPARE(clsRBT().Load(file), false);
-}
-
-void tst_clsRBT_format::failedLoadLeavesTheObjectAsFarAsItGot() {
-    const QChar sep = QDir::separator();
-    // A failure behind the records: the fields and the records read so far remain.
-    clsRBT rbt;
-    QVERIFY(!loadText(rbt, R"(<rbt name="Hero" model="models\\hero.ltb" texture="skin.dtx">)"
-                           R"(<joint id="4" node="Head" min="-9" max="9" vector="0,1,0" action="rotate" desc="Nod"/>)"
-                           R"(<animation id="3" name="Wave"/>)"
-                           R"(<joint id="5" node="Arm" min="-9" max="9" vector="1,0,0" action="rotate"/>)"
-                           R"(<animation id="4" name="Bow"/></rbt>)"));
-    QCOMPARE(rbt.Name, u"Hero"_s);
-    QCOMPARE(rbt.Model, base() + u"models"_s + sep + u"hero.ltb"_s);
-    QCOMPARE(rbt.Texture, base() + u"skin.dtx"_s);
-    QCOMPARE(rbt.NumJoints(), qint16(1));
-    QCOMPARE(rbt.Joints(0)->Id, u"4"_s);
-    QCOMPARE(rbt.NumAnimations(), qint16(1));
-    QCOMPARE(rbt.Animations(0)->Name, u"Wave"_s);
-
-    // A failure at `model`: `name` is read, the rest is as it was, lists included.
-    clsRBT early;
-    early.Model = u"before"_s;
-    early.AddJoint(std::make_shared<clsJoint>());
-    QVERIFY(!loadText(early, R"(<rbt name="Early" texture="skin.dtx"/>)"));
-    QCOMPARE(early.Name, u"Early"_s);
-    QCOMPARE(early.Model, u"before"_s);
-    QCOMPARE(early.Texture, QString());
-    QCOMPARE(early.NumJoints(), qint16(1));
-
-    // A failure among the children: the lists were already replaced by empty ones (step 7).
-    clsRBT late;
-    late.AddJoint(std::make_shared<clsJoint>());
-    QVERIFY(!loadText(late, rbtWith("<!-- c -->")));
-    QCOMPARE(late.Model, base() + u"hero.ltb"_s);
-    QCOMPARE(late.NumJoints(), qint16(0));
-}
-
-void tst_clsRBT_format::rootWithMoreThanMaxChildNodesFails_data() {
-    QTest::addColumn<qsizetype>("children");
-    QTest::addColumn<bool>("loads");
-    QTest::newRow("at the limit") << Limits::MaxChildNodes << true;
-    QTest::newRow("one more") << Limits::MaxChildNodes + 1 << false;
-}
-
-void tst_clsRBT_format::rootWithMoreThanMaxChildNodesFails() {
-    QFETCH(qsizetype, children);
-    QFETCH(bool, loads);
-    // Elements of another tag: the count is the only thing that can fail this load.
-    clsRBT rbt;
-    QCOMPARE(loadText(rbt, rbtWith(QByteArray("<x/>").repeated(children))), loads);
-    QCOMPARE(rbt.Name, u"Hero"_s);
-}
-
-void tst_clsRBT_format::listThatWouldPassMaxRecordsFails_data() {
-    QTest::addColumn<QByteArray>("record");
-    QTest::addColumn<qsizetype>("records");
-    QTest::addColumn<bool>("loads");
-    const QByteArray joint = jointWithVector("0,1,0");
-    const QByteArray animation = R"(<animation id="0" name="Idle"/>)";
-    QTest::newRow("joints at the limit") << joint << Limits::MaxRecords << true;
-    QTest::newRow("one joint more") << joint << Limits::MaxRecords + 1 << false;
-    QTest::newRow("animations at the limit") << animation << Limits::MaxRecords << true;
-    QTest::newRow("one animation more") << animation << Limits::MaxRecords + 1 << false;
-}
-
-void tst_clsRBT_format::listThatWouldPassMaxRecordsFails() {
-    QFETCH(QByteArray, record);
-    QFETCH(qsizetype, records);
-    QFETCH(bool, loads);
-    clsRBT rbt;
-    QCOMPARE(loadText(rbt, rbtWith(record.repeated(records))), loads);
-    QCOMPARE(qsizetype(rbt.NumJoints()) + qsizetype(rbt.NumAnimations()), Limits::MaxRecords);
-}
-
-void tst_clsRBT_format::saveIntoMissingDirectoryFailsAndMakesNoDirectory() {
-    clsRBT rbt;
-    rbt.Name = u"Hero"_s;
-    QVERIFY(!rbt.Save(path(u"missing/sub/hero.rbt"_s)));
-    // Overview: the system makes no directory.
-    QVERIFY(!QFileInfo::exists(path(u"missing"_s)));
-}
-
-void tst_clsRBT_format::saveOntoExistingDirectoryFailsAndLeavesItUnchanged() {
-    QVERIFY(QDir(m_dir->path()).mkdir(u"taken.rbt"_s));
-    const QString inner = write(u"taken.rbt/keep.txt"_s, "kept");
-    clsRBT rbt;
-    rbt.Name = u"Hero"_s;
-    QVERIFY(!rbt.Save(path(u"taken.rbt"_s)));
-    QVERIFY(QFileInfo(path(u"taken.rbt"_s)).isDir());
-    QCOMPARE(read(inner), QByteArray("kept"));
-}
-
-void tst_clsRBT_format::failedSaveLeavesExistingFileUnchanged() {
-    // The tests run as root, whom no permission bit stops. A file whose name is as long as a
-    // name may be (255) leaves no room for the temporary name that an atomic save writes
-    // beside it, so the save fails; the old text must survive (design 5).
-    const QString name = QString(251, u'h') + u".rbt"_s;
-    QCOMPARE(name.size(), 255);
-    const QString existing = write(name, exampleFile);
-    clsRBT rbt;
-    rbt.Name = u"Other"_s;
-    QVERIFY(!rbt.Save(existing));
-    QCOMPARE(read(existing), QByteArray(exampleFile));
-}
+// --- Save ---
 
 void tst_clsRBT_format::saveReplacesExistingFileWhole() {
     const QString existing = write(u"out.rbt"_s, exampleFile);

@@ -14,10 +14,9 @@
 #include "show/clsTSL.h"
 #include "stage/clsSSF.h"
 
-#include <benchmark/benchmark.h>
-
 #include <QFile>
 #include <QTemporaryDir>
+#include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <memory>
@@ -130,8 +129,7 @@ const QTemporaryDir& BaseDir()
     return dir;
 }
 
-template <class Format>
-class FormatFiles {
+template <class Format> class FormatFiles {
 public:
     using Document = typename Format::Document;
 
@@ -182,8 +180,7 @@ private:
 
 // --- the two benchmarks, the same for every format ---
 
-template <class Format>
-void BM_Load(benchmark::State& state)
+template <class Format> void BM_Load(benchmark::State& state)
 {
     const FormatFiles<Format>& files = FormatFiles<Format>::Get();
     if (!files.error.empty()) {
@@ -205,8 +202,7 @@ void BM_Load(benchmark::State& state)
     state.SetBytesProcessed(state.iterations() * files.fileSize);
 }
 
-template <class Format>
-void BM_Save(benchmark::State& state)
+template <class Format> void BM_Save(benchmark::State& state)
 {
     const FormatFiles<Format>& files = FormatFiles<Format>::Get();
     if (!files.error.empty()) {
@@ -237,11 +233,23 @@ double Least(const std::vector<double>& times)
 
 } // namespace
 
-BENCHMARK_TEMPLATE(BM_Load, SsfFormat)->Unit(benchmark::kMillisecond)->ComputeStatistics("min", Least);
-BENCHMARK_TEMPLATE(BM_Save, SsfFormat)->Unit(benchmark::kMillisecond)->ComputeStatistics("min", Least);
-BENCHMARK_TEMPLATE(BM_Load, RbtFormat)->Unit(benchmark::kMillisecond)->ComputeStatistics("min", Least);
-BENCHMARK_TEMPLATE(BM_Save, RbtFormat)->Unit(benchmark::kMillisecond)->ComputeStatistics("min", Least);
-BENCHMARK_TEMPLATE(BM_Load, TslFormat)->Unit(benchmark::kMillisecond)->ComputeStatistics("min", Least);
-BENCHMARK_TEMPLATE(BM_Save, TslFormat)->Unit(benchmark::kMillisecond)->ComputeStatistics("min", Least);
+BENCHMARK_TEMPLATE(BM_Load, SsfFormat)
+    ->Unit(benchmark::kMillisecond)
+    ->ComputeStatistics("min", Least);
+BENCHMARK_TEMPLATE(BM_Save, SsfFormat)
+    ->Unit(benchmark::kMillisecond)
+    ->ComputeStatistics("min", Least);
+BENCHMARK_TEMPLATE(BM_Load, RbtFormat)
+    ->Unit(benchmark::kMillisecond)
+    ->ComputeStatistics("min", Least);
+BENCHMARK_TEMPLATE(BM_Save, RbtFormat)
+    ->Unit(benchmark::kMillisecond)
+    ->ComputeStatistics("min", Least);
+BENCHMARK_TEMPLATE(BM_Load, TslFormat)
+    ->Unit(benchmark::kMillisecond)
+    ->ComputeStatistics("min", Least);
+BENCHMARK_TEMPLATE(BM_Save, TslFormat)
+    ->Unit(benchmark::kMillisecond)
+    ->ComputeStatistics("min", Least);
 
 BENCHMARK_MAIN();

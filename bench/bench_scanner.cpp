@@ -26,7 +26,6 @@
 #include <QByteArray>
 #include <QFile>
 #include <QTemporaryDir>
-
 #include <benchmark/benchmark.h>
 
 #include <array>
@@ -38,8 +37,7 @@ namespace {
 
 constexpr qint64 MiB = 1024 * 1024;
 
-struct GeneratedModel
-{
+struct GeneratedModel {
     QString path;
     qint64 size = 0;      // bytes in the file
     qint64 listBytes = 0; // bytes up to the end of the two lists
@@ -62,10 +60,10 @@ QByteArray Lists(int animations, int nodes, qint64* animBytes = nullptr)
     if (animations > 0) {
         text += "\t\t(anim-bindings (\n";
         for (int i = 0; i < animations; ++i) {
-            text += "\t\t\t(anim-binding \n\t\t\t\t(name \"anim_" + QByteArray::number(i)
-                    + "\" )\n\t\t\t\t(dims \n\t\t\t\t\t(128.000000 16.000000 16.000000 ))"
-                      "\n\t\t\t\t(translation \n\t\t\t\t\t(0.000000 0.000000 0.000000 ))"
-                      "\n\t\t\t\t(interp-time 200 )\n\t\t\t )";
+            text += "\t\t\t(anim-binding \n\t\t\t\t(name \"anim_" + QByteArray::number(i) +
+                    "\" )\n\t\t\t\t(dims \n\t\t\t\t\t(128.000000 16.000000 16.000000 ))"
+                    "\n\t\t\t\t(translation \n\t\t\t\t\t(0.000000 0.000000 0.000000 ))"
+                    "\n\t\t\t\t(interp-time 200 )\n\t\t\t )";
         }
         text += "))\n";
     }
@@ -92,8 +90,8 @@ void WriteKeyframes(QFile& file, qint64 size)
     QByteArray block;
     int anim = 0;
     while (file.size() + block.size() < size) {
-        block += "\t\t\t(anim \n\t\t\t\t(parent \"joint" + QByteArray::number(anim++)
-                 + "\" )\n\t\t\t\t(frames \n\t\t\t\t\t(posquat ((";
+        block += "\t\t\t(anim \n\t\t\t\t(parent \"joint" + QByteArray::number(anim++) +
+                 "\" )\n\t\t\t\t(frames \n\t\t\t\t\t(posquat ((";
         for (int frame = 0; frame < 200; ++frame)
             block += "\n\t\t\t\t\t\t(0.000000 -9.355083 0.032135 )"
                      "\n\t\t\t\t\t\t(0.500001 -0.498655 0.501338 0.500001 ))(";
@@ -118,7 +116,8 @@ const GeneratedModel& Model(int animations, int nodes, qint64 size)
         return found->second;
 
     GeneratedModel model;
-    model.path = dir.filePath(QStringLiteral("model_%1_%2_%3.lta").arg(animations).arg(nodes).arg(size));
+    model.path =
+        dir.filePath(QStringLiteral("model_%1_%2_%3.lta").arg(animations).arg(nodes).arg(size));
     model.animations = animations;
     model.nodes = nodes;
     QFile file(model.path);
@@ -184,9 +183,9 @@ void Scan(benchmark::State& state, const GeneratedModel& model, qint64 bytesPerS
         state.SkipWithError("the scan did not find the generated lists");
     state.SetBytesProcessed(state.iterations() * bytesPerScan);
     state.counters["file_MB"] = double(model.size) / 1e6;
-    state.counters["read_rate"] = benchmark::Counter(
-        double(state.iterations()) * double(model.ScannedBytes()), benchmark::Counter::kIsRate,
-        benchmark::Counter::kIs1024);
+    state.counters["read_rate"] =
+        benchmark::Counter(double(state.iterations()) * double(model.ScannedBytes()),
+                           benchmark::Counter::kIsRate, benchmark::Counter::kIs1024);
     state.counters["ratio_to_plain_read"] = double(plainTime.count()) / double(scanTime.count());
 }
 

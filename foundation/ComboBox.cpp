@@ -42,10 +42,7 @@ void ComboBox::setListIndex(int i)
     emit Click();
 }
 
-int ComboBox::ItemData(int i) const
-{
-    return itemData(i, ItemDataRole).toInt();
-}
+int ComboBox::ItemData(int i) const { return itemData(i, ItemDataRole).toInt(); }
 
 void ComboBox::setItemData(int i, int value)
 {

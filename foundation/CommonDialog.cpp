@@ -4,15 +4,9 @@
 
 #include <QStringList>
 
-bool CommonDialog::ShowOpen()
-{
-    return m_service->ShowOpen(*this);
-}
+bool CommonDialog::ShowOpen() { return m_service->ShowOpen(*this); }
 
-bool CommonDialog::ShowSave()
-{
-    return m_service->ShowSave(*this);
-}
+bool CommonDialog::ShowSave() { return m_service->ShowSave(*this); }
 
 QString CommonDialog::QtFilter(const QString& filter)
 {

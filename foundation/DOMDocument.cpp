@@ -49,10 +49,18 @@ void appendEscaped(QString& out, const QString& text)
     }
     for (const QChar c : text) {
         switch (c.unicode()) {
-        case u'&': out += u"&amp;"; break;
-        case u'<': out += u"&lt;"; break;
-        case u'>': out += u"&gt;"; break;
-        case u'"': out += u"&quot;"; break;
+        case u'&':
+            out += u"&amp;";
+            break;
+        case u'<':
+            out += u"&lt;";
+            break;
+        case u'>':
+            out += u"&gt;";
+            break;
+        case u'"':
+            out += u"&quot;";
+            break;
         default:
             if (c.unicode() < 0x20)
                 out += QStringLiteral("&#%1;").arg(c.unicode());
@@ -188,15 +196,9 @@ bool DOMDocument::parse(const QByteArray& data)
     return true;
 }
 
-XmlNode* DOMDocument::documentElement()
-{
-    return m_root ? &*m_root : nullptr;
-}
+XmlNode* DOMDocument::documentElement() { return m_root ? &*m_root : nullptr; }
 
-const XmlNode* DOMDocument::documentElement() const
-{
-    return m_root ? &*m_root : nullptr;
-}
+const XmlNode* DOMDocument::documentElement() const { return m_root ? &*m_root : nullptr; }
 
 XmlNode DOMDocument::createElement(const QString& name)
 {

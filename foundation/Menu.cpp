@@ -3,8 +3,7 @@
 #include <QMenu>
 #include <QMenuBar>
 
-Menu::Menu(const QString& name, const QString& caption, QObject* parent)
-    : QAction(caption, parent)
+Menu::Menu(const QString& name, const QString& caption, QObject* parent) : QAction(caption, parent)
 {
     setObjectName(name);
     connect(this, &QAction::triggered, this, [this] { emit Click(); });

@@ -44,8 +44,8 @@ bool QtDialogService::ShowSave(CommonDialog& dialog)
 
 void QtDialogService::MsgBox(const QString& text)
 {
-    QMessageBox box(QMessageBox::NoIcon, QCoreApplication::applicationName(), text,
-                    QMessageBox::Ok, QApplication::activeWindow());
+    QMessageBox box(QMessageBox::NoIcon, QCoreApplication::applicationName(), text, QMessageBox::Ok,
+                    QApplication::activeWindow());
     box.exec();
 }
 

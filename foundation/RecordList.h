@@ -14,8 +14,11 @@
 
 // A record is a plain class with a public text field `Id`.
 template <class Record>
-concept IdRecord = requires(Record r) {
-    { r.Id } -> std::convertible_to<QString>;
+concept IdRecord = requires(Record r)
+{
+    {
+        r.Id
+        } -> std::convertible_to<QString>;
     r.Id = QString();
 };
 
@@ -25,8 +28,7 @@ enum class Numbering {
     Kept,    // Part 2.1, animations: the Id refers to the model and never changes
 };
 
-template <IdRecord Record, Numbering numbering = Numbering::ByPlace>
-class RecordList {
+template <IdRecord Record, Numbering numbering = Numbering::ByPlace> class RecordList {
 public:
     using Pointer = std::shared_ptr<Record>;
 

@@ -36,7 +36,4 @@ TextBox::TextBox(const QString& name, QWidget* parent) : QLineEdit(parent)
     });
 }
 
-void TextBox::setMaxLength(int maxLength)
-{
-    m_maxLength = std::max(0, maxLength);
-}
+void TextBox::setMaxLength(int maxLength) { m_maxLength = std::max(0, maxLength); }

@@ -38,7 +38,4 @@ void XmlNode::setAttribute(const QString& name, const QString& value)
     m_attributes.append({name, value});
 }
 
-XmlNode& XmlNode::appendChild(XmlNode child)
-{
-    return m_children.emplace_back(std::move(child));
-}
+XmlNode& XmlNode::appendChild(XmlNode child) { return m_children.emplace_back(std::move(child)); }

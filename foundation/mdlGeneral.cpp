@@ -26,15 +26,9 @@ void appendBackslash(QString& text)
 
 } // namespace
 
-QString GetDirectory(const QString& path)
-{
-    return path.left(lastSeparator(path) + 1);
-}
+QString GetDirectory(const QString& path) { return path.left(lastSeparator(path) + 1); }
 
-QString GetFileName(const QString& path)
-{
-    return path.mid(lastSeparator(path) + 1);
-}
+QString GetFileName(const QString& path) { return path.mid(lastSeparator(path) + 1); }
 
 QString MakeRelativePath(const QString& target, const QString& base)
 {

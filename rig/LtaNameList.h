@@ -12,8 +12,7 @@
 
 #include <vector>
 
-class LtaNameList
-{
+class LtaNameList {
 public:
     qsizetype size() const { return qsizetype(m_ends.size()); }
     bool isEmpty() const { return m_ends.empty(); }

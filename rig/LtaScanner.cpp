@@ -19,8 +19,7 @@
 // character, close) over a QFile read in blocks into a buffer of our own (design 1). The
 // scan's logic still takes one character at a time; it just takes them from the buffer.
 // The file is closed by the destructor, so on every way out of a scan (design 6).
-class LtaScanner::ModelFile
-{
+class LtaScanner::ModelFile {
 public:
     ModelFile(const QString& path, qsizetype bufferSize)
         : m_file(path), m_buffer(qMax<qsizetype>(bufferSize, 1), Qt::Uninitialized)
@@ -81,10 +80,7 @@ constexpr int DepthMax = std::numeric_limits<qint16>::max();
 constexpr int DepthMin = std::numeric_limits<qint16>::min();
 
 // "(" and ")" are 0x28 and 0x29: one test finds both.
-constexpr bool IsBracket(const char c)
-{
-    return (c | 1) == ')';
-}
+constexpr bool IsBracket(const char c) { return (c | 1) == ')'; }
 
 // While no match is under way, a character that is neither a bracket nor the start of a
 // match changes nothing in FindInFile. So where the buffer holds 64 characters, FindInFile
@@ -109,16 +105,14 @@ quint64 MaskOf(const char* const block, const char c)
 }
 
 // The characters of a block of 64 that FindInFile looks at, as masks.
-struct BlockMasks
-{
+struct BlockMasks {
     quint64 open;   // "("
     quint64 close;  // ")"
     quint64 first;  // the pattern's first character
     quint64 second; // its second (none for a pattern of one character)
 
     BlockMasks(const char* const block, QByteArrayView pattern)
-        : open(MaskOf(block, '(')),
-          close(MaskOf(block, ')')),
+        : open(MaskOf(block, '(')), close(MaskOf(block, ')')),
           first(pattern[0] == '(' ? open : MaskOf(block, pattern[0])),
           second(pattern.size() > 1 ? MaskOf(block, pattern[1]) : 0)
     {
@@ -134,8 +128,7 @@ struct BlockMasks
 int PlainPrefix(const BlockMasks& masks, const qsizetype length)
 {
     const quint64 last = quint64(1) << 63; // its follower is not in the block
-    const quint64 starts = length == 1 ? masks.first
-                                       : masks.first & ((masks.second >> 1) | last);
+    const quint64 starts = length == 1 ? masks.first : masks.first & ((masks.second >> 1) | last);
     if (starts == 0)
         return 64;
     const quint64 before = (quint64(1) << qCountTrailingZeroBits(starts)) - 1;
@@ -153,10 +146,7 @@ const char* NextBracketOr(const char* p, const char* const end, const char first
 
 } // namespace
 
-LtaScanner::LtaScanner(qsizetype bufferSize)
-    : m_bufferSize(qMax<qsizetype>(bufferSize, 1))
-{
-}
+LtaScanner::LtaScanner(qsizetype bufferSize) : m_bufferSize(qMax<qsizetype>(bufferSize, 1)) {}
 
 bool LtaScanner::FindInFile(ModelFile& file, QByteArrayView pattern, qint16 limit)
 {

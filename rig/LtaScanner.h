@@ -9,8 +9,7 @@
 #include <QByteArrayView>
 #include <QString>
 
-class LtaScanner
-{
+class LtaScanner {
 public:
     // Design 1: the file is read through a buffer; its size may be set (tests use tiny ones
     // to put every pattern across a buffer boundary). Sizes below 1 are taken as 1.

@@ -17,7 +17,8 @@ namespace {
 
 // Part 1.1 "Storing paths", base-relative on save: relative to strCurrentDir of this moment,
 // lower case, every backslash written twice. An empty field gives an empty text.
-QString StoredPath(const QString& field) {
+QString StoredPath(const QString& field)
+{
     return mdlGeneral::DoubleBackslashes(
         mdlGeneral::MakeRelativePath(field, mdlGeneral::strCurrentDir));
 }
@@ -25,14 +26,16 @@ QString StoredPath(const QString& field) {
 // Part 1.1 "Storing paths", base-relative on load: each pair of backslashes made one, then
 // strCurrentDir in front whatever the text holds. Design 4.3: the stored `\` become the
 // native separator as the text joins a local path.
-QString JoinedPath(const QString& stored) {
+QString JoinedPath(const QString& stored)
+{
     return mdlGeneral::strCurrentDir +
            mdlGeneral::StoredToNative(mdlGeneral::UndoubleBackslashes(stored));
 }
 
 // Part 2.2 steps 5 and 6: `texture` and `icon` are joined only when present and not empty;
 // otherwise the field is left alone.
-void ReadOptionalPath(const XmlNode& root, QStringView name, QString& field) {
+void ReadOptionalPath(const XmlNode& root, QStringView name, QString& field)
+{
     const std::optional<QString> text = root.getAttribute(name);
     if (text && !text->isEmpty())
         field = JoinedPath(*text);
@@ -41,7 +44,8 @@ void ReadOptionalPath(const XmlNode& root, QStringView name, QString& field) {
 // Part 2.2 step 8.2: the seven attributes of a `joint`, all required, in the order of the
 // table; the first one missing, or a vector with fewer than two commas ("Splitting vector"),
 // ends the read. Blanks stay, and further commas go to VectorZ.
-bool ReadJoint(const XmlNode& element, clsJoint& joint) {
+bool ReadJoint(const XmlNode& element, clsJoint& joint)
+{
     QString vector;
     return element.readAttribute(u"id", joint.Id) && element.readAttribute(u"node", joint.Node) &&
            element.readAttribute(u"min", joint.Min) && element.readAttribute(u"max", joint.Max) &&
@@ -52,14 +56,16 @@ bool ReadJoint(const XmlNode& element, clsJoint& joint) {
 }
 
 // Part 2.2 step 8.3: `id` and `name` of an `animation`, both required. Anim stays empty.
-bool ReadAnimation(const XmlNode& element, clsAnimation& animation) {
+bool ReadAnimation(const XmlNode& element, clsAnimation& animation)
+{
     return element.readAttribute(u"id", animation.Id) &&
            element.readAttribute(u"name", animation.Name);
 }
 
 } // namespace
 
-bool clsRBT::Save(const QString& strFile) const {
+bool clsRBT::Save(const QString& strFile) const
+{
     // Step 1: every file starts from the literal root pair, so nothing of an earlier file
     // survives.
     DOMDocument objDoc;
@@ -83,7 +89,8 @@ bool clsRBT::Save(const QString& strFile) const {
         element.setAttribute(u"node"_s, joint->Node);
         element.setAttribute(u"min"_s, joint->Min);
         element.setAttribute(u"max"_s, joint->Max);
-        element.setAttribute(u"vector"_s, JoinTriple(joint->VectorX, joint->VectorY, joint->VectorZ));
+        element.setAttribute(u"vector"_s,
+                             JoinTriple(joint->VectorX, joint->VectorY, joint->VectorZ));
         element.setAttribute(u"action"_s, joint->Action);
         element.setAttribute(u"desc"_s, joint->Description);
         objRoot->appendChild(std::move(element));
@@ -105,7 +112,8 @@ bool clsRBT::Save(const QString& strFile) const {
     return true;
 }
 
-bool clsRBT::Load(const QString& strFile) {
+bool clsRBT::Load(const QString& strFile)
+{
     // Step 1: the result of the load is not looked at; a file that cannot be read or parsed
     // has no root, which fails at the next step.
     DOMDocument objDoc;

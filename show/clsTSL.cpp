@@ -18,13 +18,15 @@ void clsTSL::DeleteScene(qint16 i) { m_scenes.Delete(i); }
 std::shared_ptr<clsScene> clsTSL::Scenes(qint16 index) const { return m_scenes.At(index); }
 qint16 clsTSL::NumScenes() const { return m_scenes.Count(); }
 
-QString clsTSL::NullToEmpty(const std::optional<QString>& value) {
+QString clsTSL::NullToEmpty(const std::optional<QString>& value)
+{
     return value.value_or(QString());
 }
 
 // --- the `.tsl` file: Part 4.1 Load and Save, over the document service of Part 1.2 ---
 
-bool clsTSL::Load(const QString& strFile) {
+bool clsTSL::Load(const QString& strFile)
+{
     // Step 1: a missing or not well-formed file has no root, and the load fails there.
     DOMDocument doc;
     doc.load(strFile); // Part 1.2: its result is not looked at; the root tells
@@ -75,7 +77,8 @@ bool clsTSL::Load(const QString& strFile) {
     return true;
 }
 
-bool clsTSL::Save(const QString& strFile) const {
+bool clsTSL::Save(const QString& strFile) const
+{
     // Step 1: a new tree from the literal root pair, so the root is always `play`.
     DOMDocument doc;
     doc.loadXML(QStringLiteral("<play></play>")); // Part 1.2: the result is not looked at

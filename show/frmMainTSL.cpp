@@ -76,7 +76,8 @@ void frmMainTSL::createControls()
     Label9 = makeLabel(QStringLiteral("Label9"), QStringLiteral("SSF File"), Frame1);
     lstScenes = new ListBox(QStringLiteral("lstScenes"), Frame1);
     lstScenes->setFixedPitch();
-    Command1 = new CommandButton(QStringLiteral("Command1"), QStringLiteral("Add scene..."), Frame1);
+    Command1 =
+        new CommandButton(QStringLiteral("Command1"), QStringLiteral("Add scene..."), Frame1);
 
     Frame2 = new Frame(QStringLiteral("Frame2"), QString(), Frame1);
     Label2 = makeLabel(QStringLiteral("Label2"), QStringLiteral("Name:"), Frame2);

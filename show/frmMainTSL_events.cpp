@@ -2,14 +2,13 @@
 // settles two open points: a command that needs a document does nothing while the window
 // has none, and a failed open leaves the window with the document it had.
 
-#include "show/frmMainTSL.h"
-
 #include "foundation/CommandButton.h"
 #include "foundation/DialogService.h"
 #include "foundation/Frame.h"
 #include "foundation/ListBox.h"
 #include "foundation/TextBox.h"
 #include "foundation/mdlGeneral.h"
+#include "show/frmMainTSL.h"
 
 #include <QCoreApplication>
 
@@ -65,10 +64,7 @@ void frmMainTSL::RefreshWindow()
 
 // --- events ---
 
-void frmMainTSL::Form_Load()
-{
-    strBaseCaption = windowTitle();
-}
+void frmMainTSL::Form_Load() { strBaseCaption = windowTitle(); }
 
 void frmMainTSL::txtTitle_Change()
 {

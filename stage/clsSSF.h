@@ -17,7 +17,7 @@ public:
     QString MainCamera; // the Id of the main camera, not its name nor its place
     QString Nickname;
     QString Server;
-    QString Port;       // text; never checked for being a number
+    QString Port; // text; never checked for being a number
 
     // Part 3.2: fills this (new) object from the file; True when the whole file was read.
     // Not atomic: a failure leaves the root fields and the records read so far.

@@ -70,8 +70,8 @@ bool clsSSF::Load(const QString& strFile)
                 return false;
             if (!ReadTriple(objNode, u"scale", p->ScaleX, p->ScaleY, p->ScaleZ))
                 return false;
-            if (!ReadTriple(objNode, u"orientation",
-                            p->OrientationX, p->OrientationY, p->OrientationZ))
+            if (!ReadTriple(objNode, u"orientation", p->OrientationX, p->OrientationY,
+                            p->OrientationZ))
                 return false;
             if (!m_puppets.AppendLoaded(p))
                 return false;
@@ -99,8 +99,8 @@ bool clsSSF::Load(const QString& strFile)
                 return false;
             if (!ReadTriple(objNode, u"position", c->PositionX, c->PositionY, c->PositionZ))
                 return false;
-            if (!ReadTriple(objNode, u"orientation",
-                            c->OrientationX, c->OrientationY, c->OrientationZ))
+            if (!ReadTriple(objNode, u"orientation", c->OrientationX, c->OrientationY,
+                            c->OrientationZ))
                 return false;
             if (!m_cameras.AppendLoaded(c))
                 return false;
@@ -135,7 +135,8 @@ bool clsSSF::Save(const QString& strFile) const
         objElement.setAttribute(QStringLiteral("rbt"), mdlGeneral::DoubleBackslashes(p->RBT));
         objElement.setAttribute(QStringLiteral("position"),
                                 JoinTriple(p->PositionX, p->PositionY, p->PositionZ));
-        objElement.setAttribute(QStringLiteral("scale"), JoinTriple(p->ScaleX, p->ScaleY, p->ScaleZ));
+        objElement.setAttribute(QStringLiteral("scale"),
+                                JoinTriple(p->ScaleX, p->ScaleY, p->ScaleZ));
         objElement.setAttribute(QStringLiteral("orientation"),
                                 JoinTriple(p->OrientationX, p->OrientationY, p->OrientationZ));
         objRoot->appendChild(std::move(objElement));

@@ -29,7 +29,7 @@ private slots:
     // Design.md 7, Part 1.1, Part 1.4.
     void commandsThatNeedADocumentDoNothingWithoutOne();
     void strCurrentDirIsSetOnlyByOpenAndCommand3AndOnlyWhileEmpty();
-    void anOpenLooksForTheNameInStrCurrentDir();
+    void aSecondFileDialogInAnotherDirectoryDoesNotMoveStrCurrentDir();
     void openTSLLoadsWithoutShowingTheWindow();
     void theEntriesOfOtherManagersAreInertUntilTheSuiteExists();
     void menExitEndsTheRunAtOnceWithoutPromptOrSave();
@@ -187,6 +187,29 @@ void tst_frmMainTSL_files::aBadFileGivesTheOpenMessageAndTheWindowKeepsWhatItHad
         << false;
     QTest::newRow("a root without title")
         << u"notitle.tsl"_s << QByteArray(R"(<play mainworld=""/>)") << false;
+    QTest::newRow("text among the scenes")
+        << u"text.tsl"_s
+        << QByteArray(R"(<play title="T" mainworld=""><scene id="0" name="A" ssf="a"/>)"
+                      R"(Act two<scene id="1" name="B" ssf="b"/></play>)")
+        << false;
+
+    // Design 5: a 16-bit count of child nodes; 40000 scenes are more than it can hold.
+    QByteArray many = R"(<play title="Many" mainworld="">)";
+    for (int i = 0; i < 40000; ++i)
+        many += R"(<scene id=")" + QByteArray::number(i) + R"(" name="n" ssf="s"/>)";
+    many += "</play>";
+    QTest::newRow("a file of 40000 scenes") << u"many.tsl"_s << many << false;
+
+    // Design 5: entities past Qt's expansion limit make the file not well-formed.
+    QByteArray bomb = R"(<!DOCTYPE play [<!ENTITY l0 "lol">)";
+    for (int level = 1; level <= 9; ++level) {
+        bomb += "<!ENTITY l" + QByteArray::number(level) + " \"";
+        for (int i = 0; i < 10; ++i)
+            bomb += "&l" + QByteArray::number(level - 1) + ";";
+        bomb += "\">";
+    }
+    bomb += R"(]><play title="&l9;" mainworld=""/>)";
+    QTest::newRow("a billion-laughs entity bomb") << u"bomb.tsl"_s << bomb << false;
 }
 
 void tst_frmMainTSL_files::aBadFileGivesTheOpenMessageAndTheWindowKeepsWhatItHad()
@@ -299,7 +322,7 @@ void tst_frmMainTSL_files::strCurrentDirIsSetOnlyByOpenAndCommand3AndOnlyWhileEm
     }
 }
 
-void tst_frmMainTSL_files::anOpenLooksForTheNameInStrCurrentDir()
+void tst_frmMainTSL_files::aSecondFileDialogInAnotherDirectoryDoesNotMoveStrCurrentDir()
 {
     Session& s = *m_session;
     s.open(path(u"two.tsl"_s));
@@ -310,6 +333,8 @@ void tst_frmMainTSL_files::anOpenLooksForTheNameInStrCurrentDir()
               R"(<play title="Other" mainworld=""><scene id="0" name="X" ssf="x"/></play>)");
     writeFile(other.filePath(u"only.tsl"_s), R"(<play title="Only" mainworld=""/>)");
     s.open(other.filePath(u"two.tsl"_s));
+    // Part 1.1: strCurrentDir stays; the next open looks in the first directory.
+    QCOMPARE(mdlGeneral::strCurrentDir, base);
     QCOMPARE(s.doc()->Title, u"Two"_s); // the base directory's file
     QCOMPARE(s.doc()->NumScenes(), 2);
     s.open(other.filePath(u"only.tsl"_s));

@@ -2,6 +2,7 @@
 // limits of design 5, and saves that cannot write.
 
 #include "TslTestSupport.h"
+#include "tests/support/EntityBomb.h"
 
 #include "foundation/Limits.h"
 
@@ -25,16 +26,6 @@ QByteArray manyScenes(int count, int others = 0) {
     for (int i = 0; i < others; ++i)
         text += "<other/>";
     return text + "</play>";
-}
-
-// A billion laughs: ten levels of ten references, about 10^9 characters when expanded.
-QByteArray entityBomb() {
-    QByteArray text = "<?xml version=\"1.0\"?>\n<!DOCTYPE play [\n<!ENTITY l0 \"ha\">\n";
-    for (int level = 1; level <= 9; ++level) {
-        const QByteArray previous = "&l" + QByteArray::number(level - 1) + ';';
-        text += "<!ENTITY l" + QByteArray::number(level) + " \"" + previous.repeated(10) + "\">\n";
-    }
-    return text + R"(]><play title="&l9;" mainworld=""><scene id="0" name="&l9;" ssf="a"/></play>)";
 }
 
 } // namespace
@@ -72,7 +63,10 @@ private slots:
         QTest::newRow("scene without ssf")
             << 0 << QByteArray(R"(<play title="T" mainworld="w"><scene id="0" name="A"/></play>)");
         QTest::newRow("40000 scenes") << 0 << manyScenes(40000);
-        QTest::newRow("billion laughs") << 0 << entityBomb();
+        QTest::newRow("billion laughs")
+            << 0
+            << EntityBombPrologue("play") +
+                   R"(<play title="&l9;" mainworld=""><scene id="0" name="&l9;" ssf="a"/></play>)";
         QTest::newRow("two roots")
             << 0 << QByteArray(R"(<play title="T" mainworld="w"/><play title="U"/>)");
         QTest::newRow("undeclared entity")

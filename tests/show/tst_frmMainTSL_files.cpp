@@ -2,6 +2,7 @@
 // files and failed saves, the base directory, and the commands without a document.
 
 #include "tests/show/TslWindowFixture.h"
+#include "tests/support/EntityBomb.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -201,14 +202,7 @@ void tst_frmMainTSL_files::aBadFileGivesTheOpenMessageAndTheWindowKeepsWhatItHad
     QTest::newRow("a file of 40000 scenes") << u"many.tsl"_s << many << false;
 
     // Design 5: entities past Qt's expansion limit make the file not well-formed.
-    QByteArray bomb = R"(<!DOCTYPE play [<!ENTITY l0 "lol">)";
-    for (int level = 1; level <= 9; ++level) {
-        bomb += "<!ENTITY l" + QByteArray::number(level) + " \"";
-        for (int i = 0; i < 10; ++i)
-            bomb += "&l" + QByteArray::number(level - 1) + ";";
-        bomb += "\">";
-    }
-    bomb += R"(]><play title="&l9;" mainworld=""/>)";
+    const QByteArray bomb = EntityBombPrologue("play") + R"(<play title="&l9;" mainworld=""/>)";
     QTest::newRow("a billion-laughs entity bomb") << u"bomb.tsl"_s << bomb << false;
 }
 

@@ -3,6 +3,7 @@
 // written in a QTemporaryDir from the text visible here.
 
 #include "SsfTestSupport.h"
+#include "tests/support/EntityBomb.h"
 
 #include <QtTest>
 
@@ -100,19 +101,7 @@ void tst_clsSSF_failures::badInputGivesFalseOrTrueAsThePartSays_data()
     QTest::addColumn<bool>("loads");
 
     const QByteArray example(ExampleFile);
-    const QByteArray lols =
-        "<!DOCTYPE scene [\n"
-        " <!ENTITY lol \"lol\">\n"
-        " <!ENTITY lol1 \"&lol;&lol;&lol;&lol;&lol;&lol;&lol;&lol;&lol;&lol;\">\n"
-        " <!ENTITY lol2 \"&lol1;&lol1;&lol1;&lol1;&lol1;&lol1;&lol1;&lol1;&lol1;&lol1;\">\n"
-        " <!ENTITY lol3 \"&lol2;&lol2;&lol2;&lol2;&lol2;&lol2;&lol2;&lol2;&lol2;&lol2;\">\n"
-        " <!ENTITY lol4 \"&lol3;&lol3;&lol3;&lol3;&lol3;&lol3;&lol3;&lol3;&lol3;&lol3;\">\n"
-        " <!ENTITY lol5 \"&lol4;&lol4;&lol4;&lol4;&lol4;&lol4;&lol4;&lol4;&lol4;&lol4;\">\n"
-        " <!ENTITY lol6 \"&lol5;&lol5;&lol5;&lol5;&lol5;&lol5;&lol5;&lol5;&lol5;&lol5;\">\n"
-        " <!ENTITY lol7 \"&lol6;&lol6;&lol6;&lol6;&lol6;&lol6;&lol6;&lol6;&lol6;&lol6;\">\n"
-        " <!ENTITY lol8 \"&lol7;&lol7;&lol7;&lol7;&lol7;&lol7;&lol7;&lol7;&lol7;&lol7;\">\n"
-        " <!ENTITY lol9 \"&lol8;&lol8;&lol8;&lol8;&lol8;&lol8;&lol8;&lol8;&lol8;&lol8;\">\n"
-        "]>\n";
+    const QByteArray lols = EntityBombPrologue("scene");
     QByteArray binary;
     for (int i = 0; i < 4096; ++i)
         binary += char((i * 167 + 13) % 256);
@@ -158,9 +147,9 @@ void tst_clsSSF_failures::badInputGivesFalseOrTrueAsThePartSays_data()
         << Target::File << "<?xml version=\"1.0\"?>\n<!-- before -->" + example + "<!-- after -->"
         << true;
     QTest::newRow("entity bomb in an attribute")
-        << Target::File << lols + R"(<scene world="&lol9;"/>)" << false;
+        << Target::File << lols + R"(<scene world="&l9;"/>)" << false;
     QTest::newRow("entity bomb in the content")
-        << Target::File << lols + R"(<scene world="">&lol9;</scene>)" << false;
+        << Target::File << lols + R"(<scene world="">&l9;</scene>)" << false;
     QTest::newRow("declared entity within the limit")
         << Target::File
         << QByteArray("<!DOCTYPE scene [<!ENTITY w \"park\">]><scene world=\"&w;\"/>") << true;

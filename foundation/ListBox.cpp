@@ -1,25 +1,9 @@
 #include "foundation/ListBox.h"
 
 #include <QKeyEvent>
+#include <QSignalBlocker>
 
 #include <memory>
-
-namespace {
-
-// Runs an operation of ours with the Qt selection signals turned away from `Click`.
-class Quiet {
-public:
-    explicit Quiet(bool& flag) : m_flag(flag), m_old(flag) { m_flag = true; }
-    ~Quiet() { m_flag = m_old; }
-    Quiet(const Quiet&) = delete;
-    Quiet& operator=(const Quiet&) = delete;
-
-private:
-    bool& m_flag;
-    bool m_old;
-};
-
-} // namespace
 
 ListBox::ListBox(const QString& name, QWidget* parent) : QListWidget(parent)
 {
@@ -32,7 +16,8 @@ ListBox::ListBox(const QString& name, QWidget* parent) : QListWidget(parent)
 
 void ListBox::AddItem(const QString& text)
 {
-    const Quiet quiet(m_quiet);
+    // A change of ours raises no Click through the Qt selection signals.
+    const QSignalBlocker quiet(this);
     addItem(text);
 }
 
@@ -40,7 +25,7 @@ void ListBox::RemoveItem(int i)
 {
     if (i < 0 || i >= count())
         return;
-    const Quiet quiet(m_quiet);
+    const QSignalBlocker quiet(this);
     const bool wasSelected = ListIndex() == i;
     // QListWidget moves the current row of a removed current row to a neighbour
     // (design.md 3); the row removed was the selection, so nothing is selected now.
@@ -54,7 +39,7 @@ void ListBox::RemoveItem(int i)
 
 void ListBox::Clear()
 {
-    const Quiet quiet(m_quiet);
+    const QSignalBlocker quiet(this);
     clear();
     m_lastIndex = -1;
 }
@@ -70,7 +55,7 @@ void ListBox::setListIndex(int i)
     if (i < -1 || i >= count())
         return;
     {
-        const Quiet quiet(m_quiet);
+        const QSignalBlocker quiet(this);
         if (i == -1) {
             selectionModel()->clearSelection();
             selectionModel()->clearCurrentIndex();
@@ -106,8 +91,6 @@ QFont ListBox::FixedPitchFont()
 
 void ListBox::selectionChangedByQt()
 {
-    if (m_quiet)
-        return;
     const int index = ListIndex();
     if (index == m_lastIndex)
         return;

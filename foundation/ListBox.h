@@ -49,6 +49,5 @@ protected:
 private:
     void selectionChangedByQt();
 
-    bool m_quiet = false; // set while an operation of ours changes the selection
     int m_lastIndex = -1; // ListIndex as last seen, to raise `Click` on a change only
 };

@@ -26,10 +26,19 @@ QLabel* makeLabel(const QString& name, const QString& caption, QWidget* parent)
     return label;
 }
 
-// The "..." choosers are narrow buttons beside their boxes.
-void makeNarrow(CommandButton* button)
+// Frame4 and Frame2 alike: a label and a box on the first row; a label, a box and a narrow
+// "..." chooser on the second.
+void layOutFieldRows(Frame* frame, QLabel* label1, TextBox* box1, QLabel* label2, TextBox* box2,
+                     CommandButton* chooser)
 {
-    button->setFixedWidth(button->fontMetrics().horizontalAdvance(QStringLiteral("....")) + 16);
+    chooser->setFixedWidth(chooser->fontMetrics().horizontalAdvance(QStringLiteral("....")) + 16);
+    auto* grid = new QGridLayout(frame);
+    grid->addWidget(label1, 0, 0);
+    grid->addWidget(box1, 0, 1, 1, 2);
+    grid->addWidget(label2, 1, 0);
+    grid->addWidget(box2, 1, 1);
+    grid->addWidget(chooser, 1, 2);
+    grid->setColumnStretch(1, 1);
 }
 
 } // namespace
@@ -60,14 +69,7 @@ void frmMainTSL::createControls()
     Label3 = makeLabel(QStringLiteral("Label3"), QStringLiteral("Main world"), Frame4);
     txtWorld = new TextBox(QStringLiteral("txtWorld"), Frame4);
     Command5 = new CommandButton(QStringLiteral("Command5"), QStringLiteral("..."), Frame4);
-    makeNarrow(Command5);
-    auto* general = new QGridLayout(Frame4);
-    general->addWidget(Label7, 0, 0);
-    general->addWidget(txtTitle, 0, 1, 1, 2);
-    general->addWidget(Label3, 1, 0);
-    general->addWidget(txtWorld, 1, 1);
-    general->addWidget(Command5, 1, 2);
-    general->setColumnStretch(1, 1);
+    layOutFieldRows(Frame4, Label7, txtTitle, Label3, txtWorld, Command5);
     layout->addWidget(Frame4);
 
     // Scenes: column heads, the fixed-pitch list, the add button and the detail frame.
@@ -86,14 +88,7 @@ void frmMainTSL::createControls()
     txtSSF = new TextBox(QStringLiteral("txtSSF"), Frame2);
     txtSSF->setLocked(true); // changes only through Command3
     Command3 = new CommandButton(QStringLiteral("Command3"), QStringLiteral("..."), Frame2);
-    makeNarrow(Command3);
-    auto* detail = new QGridLayout(Frame2);
-    detail->addWidget(Label2, 0, 0);
-    detail->addWidget(txtName, 0, 1, 1, 2);
-    detail->addWidget(Label6, 1, 0);
-    detail->addWidget(txtSSF, 1, 1);
-    detail->addWidget(Command3, 1, 2);
-    detail->setColumnStretch(1, 1);
+    layOutFieldRows(Frame2, Label2, txtName, Label6, txtSSF, Command3);
 
     auto* heads = new QHBoxLayout;
     heads->setSpacing(0);

@@ -66,6 +66,9 @@ private:
     void Command3_Click();
     void Command5_Click();
 
+    // txtName and txtSSF Change: the box's text into a field of the selected scene.
+    void writeSelectedScene(QString clsScene::*field, const TextBox& box);
+
     // Caption is the window title; "<base> - <name>".
     void writeCaption(const QString& name);
 

@@ -80,24 +80,19 @@ void frmMainTSL::txtWorld_Change()
     objTSL->MainWorld = txtWorld->Text();
 }
 
-void frmMainTSL::txtName_Change()
-{
-    const int index = lstScenes->ListIndex();
-    if (index == -1 || !objTSL)
-        return;
-    if (const std::shared_ptr<clsScene> scene = objTSL->Scenes(index)) {
-        scene->Name = txtName->Text();
-        UpdateSceneRow(index);
-    }
-}
+void frmMainTSL::txtName_Change() { writeSelectedScene(&clsScene::Name, *txtName); }
 
-void frmMainTSL::txtSSF_Change()
+void frmMainTSL::txtSSF_Change() { writeSelectedScene(&clsScene::SSF, *txtSSF); }
+
+void frmMainTSL::writeSelectedScene(QString clsScene::*field, const TextBox& box)
 {
+    // With no row selected nothing happens; otherwise the field of that scene takes the
+    // box's text and its row is written again.
     const int index = lstScenes->ListIndex();
     if (index == -1 || !objTSL)
         return;
     if (const std::shared_ptr<clsScene> scene = objTSL->Scenes(index)) {
-        scene->SSF = txtSSF->Text();
+        (*scene).*field = box.Text();
         UpdateSceneRow(index);
     }
 }

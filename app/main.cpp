@@ -1,7 +1,7 @@
 // `troupe`: creates the application and shows the start-up window. Until the rig binding
 // manager exists (Part 1.4 makes frmMainRBT the start-up window), that is frmMainTSL.
 
-#include "foundation/QtDialogService.h"
+#include "foundation/controls/QtDialogService.h"
 #include "show/frmMainTSL.h"
 
 #include <QApplication>

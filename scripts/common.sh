@@ -24,8 +24,7 @@ install_missing() {
 }
 
 configure_and_build() {
-    if [ ! -f "$BUILD/CMakeCache.txt" ]; then
-        cmake -S "$ROOT" -B "$BUILD" -DCMAKE_BUILD_TYPE=RelWithDebInfo
-    fi
+    # Configuring again is cheap and heals a build folder whose first configure failed.
+    cmake -S "$ROOT" -B "$BUILD" -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
     cmake --build "$BUILD" -j "$(nproc)" "$@"
 }

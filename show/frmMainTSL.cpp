@@ -3,11 +3,11 @@
 
 #include "show/frmMainTSL.h"
 
-#include "foundation/CommandButton.h"
-#include "foundation/Frame.h"
-#include "foundation/ListBox.h"
-#include "foundation/Menu.h"
-#include "foundation/TextBox.h"
+#include "foundation/controls/CommandButton.h"
+#include "foundation/controls/Frame.h"
+#include "foundation/controls/ListBox.h"
+#include "foundation/controls/Menu.h"
+#include "foundation/controls/TextBox.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>

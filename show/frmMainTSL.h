@@ -3,7 +3,7 @@
 // logic of its events, in the order of the Part (frmMainTSL_events.cpp); its controls and
 // menus, named as in the Part, are laid out in frmMainTSL.cpp.
 
-#include "foundation/CommonDialog.h"
+#include "foundation/controls/CommonDialog.h"
 #include "show/clsTSL.h"
 
 #include <QMainWindow>

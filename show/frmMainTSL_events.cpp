@@ -2,11 +2,11 @@
 // settles two open points: a command that needs a document does nothing while the window
 // has none, and a failed open leaves the window with the document it had.
 
-#include "foundation/CommandButton.h"
-#include "foundation/DialogService.h"
-#include "foundation/Frame.h"
-#include "foundation/ListBox.h"
-#include "foundation/TextBox.h"
+#include "foundation/controls/CommandButton.h"
+#include "foundation/controls/DialogService.h"
+#include "foundation/controls/Frame.h"
+#include "foundation/controls/ListBox.h"
+#include "foundation/controls/TextBox.h"
 #include "foundation/mdlGeneral.h"
 #include "show/frmMainTSL.h"
 

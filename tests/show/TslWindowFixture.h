@@ -3,10 +3,10 @@
 // a driver, made afresh for each test in a fresh directory, with `strCurrentDir` emptied
 // before and after each test.
 
-#include "foundation/CommandButton.h"
-#include "foundation/Frame.h"
-#include "foundation/ListBox.h"
-#include "foundation/TextBox.h"
+#include "foundation/controls/CommandButton.h"
+#include "foundation/controls/Frame.h"
+#include "foundation/controls/ListBox.h"
+#include "foundation/controls/TextBox.h"
 #include "foundation/mdlGeneral.h"
 #include "show/frmMainTSL.h"
 #include "tests/support/ScriptedDialogService.h"

@@ -1,6 +1,6 @@
 #include "tests/support/ScriptedDialogService.h"
 
-#include "foundation/CommonDialog.h"
+#include "foundation/controls/CommonDialog.h"
 
 #include <QtTest>
 

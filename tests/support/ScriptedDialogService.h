@@ -4,7 +4,7 @@
 // as it was shown and every message. A dialog with no answer left, or with an answer of the
 // wrong kind, fails the running test loudly and is cancelled.
 
-#include "foundation/DialogService.h"
+#include "foundation/controls/DialogService.h"
 
 #include <QList>
 #include <QString>

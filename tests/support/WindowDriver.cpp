@@ -1,8 +1,8 @@
 #include "tests/support/WindowDriver.h"
 
-#include "foundation/ComboBox.h"
-#include "foundation/ListBox.h"
-#include "foundation/TextBox.h"
+#include "foundation/controls/ComboBox.h"
+#include "foundation/controls/ListBox.h"
+#include "foundation/controls/TextBox.h"
 
 #include <QAbstractButton>
 #include <QAction>

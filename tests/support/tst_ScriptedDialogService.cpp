@@ -1,7 +1,7 @@
 // The test support of the window tests: the scripted dialogs answer in order, record what
 // was shown, and fail the running test when a dialog finds no answer of its kind.
 
-#include "foundation/CommonDialog.h"
+#include "foundation/controls/CommonDialog.h"
 #include "tests/support/ScriptedDialogService.h"
 
 #include <QtTest>

@@ -1,6 +1,6 @@
-#include "foundation/QtDialogService.h"
+#include "foundation/controls/QtDialogService.h"
 
-#include "foundation/CommonDialog.h"
+#include "foundation/controls/CommonDialog.h"
 
 #include <QApplication>
 #include <QFileDialog>

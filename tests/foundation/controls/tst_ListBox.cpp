@@ -1,6 +1,6 @@
 // Part 1.3: `ListBox`, and rows 2, 3 and 6 of design.md section 3.
 
-#include "foundation/ListBox.h"
+#include "foundation/controls/ListBox.h"
 
 #include <QFontInfo>
 #include <QSignalSpy>

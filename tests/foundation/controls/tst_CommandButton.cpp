@@ -1,7 +1,7 @@
 // Part 1.3: `CommandButton` and its event `Click`.
 
-#include "foundation/CommandButton.h"
-#include "foundation/TextBox.h"
+#include "foundation/controls/CommandButton.h"
+#include "foundation/controls/TextBox.h"
 
 #include <QDialog>
 #include <QSignalSpy>

@@ -1,6 +1,6 @@
 // Part 1.3: `TextBox`, and the first row of design.md section 3.
 
-#include "foundation/TextBox.h"
+#include "foundation/controls/TextBox.h"
 
 #include <QSignalSpy>
 #include <QtTest>

@@ -1,4 +1,4 @@
-#include "foundation/OptionButton.h"
+#include "foundation/controls/OptionButton.h"
 
 OptionButton::OptionButton(const QString& name, const QString& caption, QWidget* parent)
     : QRadioButton(caption, parent)

@@ -1,4 +1,4 @@
-#include "foundation/TextBox.h"
+#include "foundation/controls/TextBox.h"
 
 #include <QValidator>
 

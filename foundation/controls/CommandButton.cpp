@@ -1,4 +1,4 @@
-#include "foundation/CommandButton.h"
+#include "foundation/controls/CommandButton.h"
 
 CommandButton::CommandButton(const QString& name, const QString& caption, QWidget* parent)
     : QPushButton(caption, parent)

@@ -1,4 +1,4 @@
-#include "foundation/ComboBox.h"
+#include "foundation/controls/ComboBox.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // Part 1.3 and design.md 3: the real standard dialogs, shown modally and answered here as a
 // user would, by a timer that finds the modal dialog.
 
-#include "foundation/CommonDialog.h"
-#include "foundation/QtDialogService.h"
+#include "foundation/controls/CommonDialog.h"
+#include "foundation/controls/QtDialogService.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>

@@ -1,4 +1,4 @@
-#include "foundation/ListBox.h"
+#include "foundation/controls/ListBox.h"
 
 #include <QKeyEvent>
 #include <QSignalBlocker>

@@ -1,6 +1,6 @@
 // Part 1.3: pick-only `ComboBox`, and row 4 of design.md section 3.
 
-#include "foundation/ComboBox.h"
+#include "foundation/controls/ComboBox.h"
 
 #include <QAbstractItemView>
 #include <QSignalSpy>

@@ -1,4 +1,4 @@
-#include "foundation/CheckBox.h"
+#include "foundation/controls/CheckBox.h"
 
 CheckBox::CheckBox(const QString& name, const QString& caption, QWidget* parent)
     : QCheckBox(caption, parent)

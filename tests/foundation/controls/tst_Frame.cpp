@@ -1,8 +1,8 @@
 // Part 1.3: `Frame`: writing `Enabled` False disables all it contains.
 
-#include "foundation/CommandButton.h"
-#include "foundation/Frame.h"
-#include "foundation/TextBox.h"
+#include "foundation/controls/CommandButton.h"
+#include "foundation/controls/Frame.h"
+#include "foundation/controls/TextBox.h"
 
 #include <QSignalSpy>
 #include <QVBoxLayout>

@@ -1,6 +1,6 @@
 // Part 1.3: `Menu` entries: spec name, caption, event `Click`.
 
-#include "foundation/Menu.h"
+#include "foundation/controls/Menu.h"
 
 #include <QMainWindow>
 #include <QMenu>

@@ -1,6 +1,6 @@
-#include "foundation/CommonDialog.h"
+#include "foundation/controls/CommonDialog.h"
 
-#include "foundation/DialogService.h"
+#include "foundation/controls/DialogService.h"
 
 #include <QStringList>
 

@@ -1,4 +1,4 @@
-#include "foundation/Menu.h"
+#include "foundation/controls/Menu.h"
 
 #include <QMenu>
 #include <QMenuBar>

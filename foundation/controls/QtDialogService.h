@@ -2,7 +2,7 @@
 // Part 1.3: the real standard dialogs, shown modally over the active window: QFileDialog for
 // `CommonDialog`, QMessageBox for `MsgBox`, QInputDialog for `InputBox` (design.md 3).
 
-#include "foundation/DialogService.h"
+#include "foundation/controls/DialogService.h"
 
 class QtDialogService : public DialogService {
 public:

@@ -1,6 +1,6 @@
 // Part 1.3: `CheckBox`: a change of `Value`, by the user or by code, raises `Click`.
 
-#include "foundation/CheckBox.h"
+#include "foundation/controls/CheckBox.h"
 
 #include <QSignalSpy>
 #include <QtTest>

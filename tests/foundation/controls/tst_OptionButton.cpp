@@ -1,7 +1,7 @@
 // Part 1.3: `OptionButton`, and row 5 of design.md section 3.
 
-#include "foundation/Frame.h"
-#include "foundation/OptionButton.h"
+#include "foundation/controls/Frame.h"
+#include "foundation/controls/OptionButton.h"
 
 #include <QSignalSpy>
 #include <QVBoxLayout>

@@ -1,7 +1,7 @@
 // Part 1.3: `CommonDialog`: its properties, its filter in Qt's form, and the way through the
 // window's DialogService (here the scripted one of tests/support).
 
-#include "foundation/CommonDialog.h"
+#include "foundation/controls/CommonDialog.h"
 #include "tests/support/ScriptedDialogService.h"
 
 #include <QtTest>

@@ -1,4 +1,4 @@
-#include "foundation/Frame.h"
+#include "foundation/controls/Frame.h"
 
 Frame::Frame(const QString& name, const QString& caption, QWidget* parent)
     : QGroupBox(caption, parent)

@@ -37,8 +37,6 @@ function(troupe_add_test name)
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE Qt6::Test ${ARG_LIBS})
     target_compile_definitions(${name} PRIVATE
-        TROUPE_SHARED_DIR="${TROUPE_SHARED_DIR}"
-        TROUPE_CORPUS_DIR="${TROUPE_SHARED_DIR}/corpus"
         TROUPE_FIXTURES_DIR="${PROJECT_SOURCE_DIR}/tests/fixtures")
     troupe_warnings(${name})
     add_test(NAME ${name} COMMAND ${name})
@@ -46,7 +44,3 @@ function(troupe_add_test name)
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen"
         TIMEOUT 600)
 endfunction()
-
-# ../shared sits beside the checkout, on CI as on a developer's machine.
-get_filename_component(_troupe_shared "${PROJECT_SOURCE_DIR}/../shared" ABSOLUTE)
-set(TROUPE_SHARED_DIR "${_troupe_shared}" CACHE PATH "The project's shared folder (spec, corpus)")

@@ -17,7 +17,7 @@ QString Fixture(const QString& name)
 
 QString CorpusModel(const QString& name)
 {
-    return QStringLiteral(TROUPE_CORPUS_DIR "/lta/") + name;
+    return QStringLiteral(TROUPE_FIXTURES_DIR "/models/") + name;
 }
 
 // The buffer sizes every list is checked with: tiny ones put each pattern, name and
@@ -385,7 +385,7 @@ private slots:
     {
         // The table above covers the whole corpus: a model added to it must be added there.
         const QStringList files =
-            QDir(QStringLiteral(TROUPE_CORPUS_DIR "/lta")).entryList({"*.lta"}, QDir::Files);
+            QDir(QStringLiteral(TROUPE_FIXTURES_DIR "/models")).entryList({"*.lta"}, QDir::Files);
         const QStringList listed{"anteyes.lta",      "antheadnoeyes.lta", "box.lta",
                                  "cylinder.lta",     "highpolyshere.lta", "lowpolyshere.lta",
                                  "rs_toon_2pass_1texstage_vs.lta",        "skinnedthing.lta",
@@ -396,7 +396,7 @@ private slots:
     void tinyBuffersGiveTheSameLists_data()
     {
         QTest::addColumn<QString>("path");
-        const QDir corpus(QStringLiteral(TROUPE_CORPUS_DIR "/lta"));
+        const QDir corpus(QStringLiteral(TROUPE_FIXTURES_DIR "/models"));
         for (const QString& name : corpus.entryList({"*.lta"}, QDir::Files))
             QTest::newRow(qPrintable("corpus/" + name)) << corpus.filePath(name);
         const QDir fixtures(QStringLiteral(TROUPE_FIXTURES_DIR "/rig"));

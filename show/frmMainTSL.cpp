@@ -1,11 +1,12 @@
-// Part 4.2: the controls and menus of `frmMainTSL`, each named as in the Part, with the
-// captions of the Part; laid out by Qt layouts. The logic is in frmMainTSL_events.cpp.
+// The controls and menus of `frmMainTSL`, laid out by Qt layouts. The logic is in
+// frmMainTSL_events.cpp.
 
 #include "show/frmMainTSL.h"
 
 #include "foundation/controls/CommandButton.h"
 #include "foundation/controls/Frame.h"
 #include "foundation/controls/ListBox.h"
+#include "foundation/controls/ManagerWindow.h"
 #include "foundation/controls/Menu.h"
 #include "foundation/controls/TextBox.h"
 
@@ -43,14 +44,15 @@ void layOutFieldRows(Frame* frame, QLabel* label1, TextBox* box1, QLabel* label2
 
 } // namespace
 
-frmMainTSL::frmMainTSL(DialogService& dialogs, QWidget* parent)
-    : QMainWindow(parent), m_dialogs(dialogs), CommonDialog1(dialogs)
+frmMainTSL::frmMainTSL(DialogService& dialogs, SuiteLinks* links, QWidget* parent)
+    : QMainWindow(parent), m_dialogs(dialogs), m_links(links), CommonDialog1(dialogs)
 {
     setObjectName(QStringLiteral("frmMainTSL"));
     setWindowTitle(QStringLiteral("Troupe Show Listing Manager"));
     createControls();
     createMenus();
     connectEvents();
+    ManagerWindow::SetUp(*this, QSize(720, 540));
     Form_Load();
 }
 
@@ -111,8 +113,6 @@ void frmMainTSL::createControls()
     Frame4->setEnabled(false);
     Frame1->setEnabled(false);
     Frame2->setEnabled(false);
-
-    resize(720, 540);
 }
 
 void frmMainTSL::alignColumnHeads()
@@ -149,11 +149,9 @@ void frmMainTSL::createMenus()
     menDeleteScene =
         Menu::AddEntry(menScene, QStringLiteral("menDeleteScene"), QStringLiteral("&Delete"));
     Menu::AddSeparator(menScene, QStringLiteral("menSep02"));
-    // Part 1.4 connects this entry once the stage scene manager exists.
     menEditSSF =
         Menu::AddEntry(menScene, QStringLiteral("menEditSSF"), QStringLiteral("&Edit SSF File"));
 
-    // Part 1.4 connects these entries to the other managers.
     QMenu* menTools = Menu::AddMenu(bar, QStringLiteral("menTools"), QStringLiteral("Tools"));
     menSFFEditor =
         Menu::AddEntry(menTools, QStringLiteral("menSFFEditor"), QStringLiteral("SSF Manager"));
@@ -174,6 +172,9 @@ void frmMainTSL::connectEvents()
     connect(menOpenTSL, &Menu::Click, this, &frmMainTSL::menOpenTSL_Click);
     connect(menSaveTSL, &Menu::Click, this, &frmMainTSL::menSaveTSL_Click);
     connect(menExit, &Menu::Click, this, &frmMainTSL::menExit_Click);
+    connect(menEditSSF, &Menu::Click, this, &frmMainTSL::menEditSSF_Click);
+    connect(menSFFEditor, &Menu::Click, this, &frmMainTSL::menSFFEditor_Click);
+    connect(menRBTEditor, &Menu::Click, this, &frmMainTSL::menRBTEditor_Click);
     connect(Command1, &CommandButton::Click, this, &frmMainTSL::Command1_Click);
     connect(Command3, &CommandButton::Click, this, &frmMainTSL::Command3_Click);
     connect(Command5, &CommandButton::Click, this, &frmMainTSL::Command5_Click);

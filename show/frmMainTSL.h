@@ -1,7 +1,7 @@
 #pragma once
-// Part 4.2: `frmMainTSL`, the show listing window, the manager of `.tsl` files. It holds the
-// logic of its events, in the order of the Part (frmMainTSL_events.cpp); its controls and
-// menus, named as in the Part, are laid out in frmMainTSL.cpp.
+// `frmMainTSL`, the show listing window, the manager of `.tsl` files. It holds the logic of
+// its events (frmMainTSL_events.cpp); its controls and menus, each carrying its name as
+// objectName, are laid out in frmMainTSL.cpp.
 
 #include "foundation/controls/CommonDialog.h"
 #include "show/clsTSL.h"
@@ -16,19 +16,24 @@ class Frame;
 class ListBox;
 class Menu;
 class QLabel;
+class SuiteLinks;
 class TextBox;
 
 class frmMainTSL : public QMainWindow {
     Q_OBJECT
 
 public:
-    // The standard dialogs go through `dialogs` (Part 1.3); the window keeps a reference.
-    explicit frmMainTSL(DialogService& dialogs, QWidget* parent = nullptr);
+    // The standard dialogs go through `dialogs`; the other managers are reached through
+    // `links`, and without links the Tools entries and the hand-over do nothing. The window
+    // keeps both references.
+    explicit frmMainTSL(DialogService& dialogs, SuiteLinks* links = nullptr,
+                        QWidget* parent = nullptr);
     ~frmMainTSL() override;
 
-    // Part 4.2: opens the file of that bare name in `strCurrentDir` as the window's document,
-    // shows its own message on failure, does not show the window.
-    void OpenTSL(const QString& strFileName);
+    // Opens the file of that bare name in `strCurrentDir` as the window's document; True when
+    // it opened. A failure shows the open message and leaves the window as it was. The
+    // window is not shown.
+    bool OpenTSL(const QString& strFileName);
 
     // The open document, nullptr until the first New or open; the bare name of its file,
     // empty for a document without one. For the suite's links and for tests.
@@ -42,7 +47,7 @@ private:
     void connectEvents();
     void alignColumnHeads();
 
-    // --- routines and events, in the order of Part 4.2 (frmMainTSL_events.cpp) ---
+    // --- routines and events (frmMainTSL_events.cpp) ---
     QString SceneRowText(qint16 index) const;
     void UpdateSceneRow(qint16 index);
     void ShowScene(qint16 index);
@@ -62,6 +67,10 @@ private:
     void menSaveTSL_Click();
     void menExit_Click();
 
+    void menEditSSF_Click();
+    void menSFFEditor_Click();
+    void menRBTEditor_Click();
+
     void Command1_Click();
     void Command3_Click();
     void Command5_Click();
@@ -72,8 +81,9 @@ private:
     // Caption is the window title; "<base> - <name>".
     void writeCaption(const QString& name);
 
-    // --- state of Part 4.2 ---
+    // --- state ---
     DialogService& m_dialogs;
+    SuiteLinks* m_links;
     CommonDialog CommonDialog1;
     std::unique_ptr<clsTSL> objTSL; // none until the first New or open
     QString strBaseCaption;

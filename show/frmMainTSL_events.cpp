@@ -1,11 +1,12 @@
-// Part 4.2: the routines and events of `frmMainTSL`, in the order of the Part. Design.md 7
-// settles two open points: a command that needs a document does nothing while the window
-// has none, and a failed open leaves the window with the document it had.
+// The routines and events of `frmMainTSL`. A command that needs a document does nothing
+// while the window has none, and a failed open leaves the window with the document it had.
 
+#include "foundation/Limits.h"
 #include "foundation/controls/CommandButton.h"
 #include "foundation/controls/DialogService.h"
 #include "foundation/controls/Frame.h"
 #include "foundation/controls/ListBox.h"
+#include "foundation/controls/SuiteLinks.h"
 #include "foundation/controls/TextBox.h"
 #include "foundation/mdlGeneral.h"
 #include "show/frmMainTSL.h"
@@ -30,7 +31,7 @@ QString frmMainTSL::SceneRowText(qint16 index) const
 {
     const std::shared_ptr<clsScene> scene = objTSL ? objTSL->Scenes(index) : nullptr;
     if (!scene)
-        return {}; // design 7: no record, no row text
+        return {}; // a row without a record shows nothing
     // At least one blank stands between the two, also behind a name of 32 characters or
     // more; nothing is cut from SSF.
     return scene->Name.left(NameWidth).leftJustified(NameColumnWidth, u' ') + scene->SSF;
@@ -53,10 +54,9 @@ void frmMainTSL::ShowScene(qint16 index)
 
 void frmMainTSL::RefreshWindow()
 {
-    // Step 1.
     txtTitle->setText(objTSL->Title);
     txtWorld->setText(objTSL->MainWorld);
-    // Steps 2 and 3; no row is selected afterwards, the detail controls stay as they are.
+    // No row is selected afterwards; the detail controls stay as they are.
     lstScenes->Clear();
     for (qint16 index = 0; index < objTSL->NumScenes(); ++index)
         lstScenes->AddItem(SceneRowText(index));
@@ -69,7 +69,7 @@ void frmMainTSL::Form_Load() { strBaseCaption = windowTitle(); }
 void frmMainTSL::txtTitle_Change()
 {
     if (!objTSL)
-        return; // design 7: no document, nothing to write into
+        return; // no document, nothing to write into
     objTSL->Title = txtTitle->Text();
 }
 
@@ -142,21 +142,21 @@ void frmMainTSL::menOpenTSL_Click()
     // A cancel leaves the FileName just emptied.
     if (CommonDialog1.FileName.isEmpty())
         return;
-    // Part 1.1: the first qualifying file picked sets the base directory of the run.
+    // The first document picked sets the base directory of the run.
     if (mdlGeneral::strCurrentDir.isEmpty())
         mdlGeneral::strCurrentDir = mdlGeneral::GetDirectory(CommonDialog1.FileName);
     OpenTSL(mdlGeneral::GetFileName(CommonDialog1.FileName));
 }
 
-void frmMainTSL::OpenTSL(const QString& strFileName)
+bool frmMainTSL::OpenTSL(const QString& strFileName)
 {
-    // Design 7: the file is read into a new document, which replaces the open one only when
-    // the load succeeds; a failed open keeps the document, rows and caption the window had.
+    // The file is read into a new document, which replaces the open one only when the load
+    // succeeds; a failed open keeps the document, rows and caption the window had.
     auto loaded = std::make_unique<clsTSL>();
     if (!loaded->Load(mdlGeneral::strCurrentDir + strFileName)) {
         m_dialogs.MsgBox(QStringLiteral("Cannot open the TSL file ") + mdlGeneral::strCurrentDir +
                          strFileName);
-        return;
+        return false;
     }
     objTSL = std::move(loaded);
     strCurrentFile = strFileName;
@@ -164,12 +164,13 @@ void frmMainTSL::OpenTSL(const QString& strFileName)
     Frame4->setEnabled(true);
     Frame1->setEnabled(true);
     writeCaption(strCurrentFile);
+    return true;
 }
 
 void frmMainTSL::menSaveTSL_Click()
 {
     if (!objTSL)
-        return; // design 7: nothing to save, no dialog
+        return; // nothing to save, no dialog
     CommonDialog1.FileName = strCurrentFile;
     CommonDialog1.Filter = TslFilter;
     CommonDialog1.DefaultExt = QStringLiteral(".tsl");
@@ -193,53 +194,72 @@ void frmMainTSL::menExit_Click()
     QCoreApplication::exit(0);
 }
 
+// --- the other managers ---
+
+void frmMainTSL::menEditSSF_Click()
+{
+    if (!m_links)
+        return;
+    // Only the bare name goes across; the other manager looks for it in the base directory.
+    const int index = lstScenes->ListIndex();
+    const std::shared_ptr<clsScene> scene = index != -1 && objTSL ? objTSL->Scenes(index) : nullptr;
+    if (scene)
+        m_links->EditSSF(mdlGeneral::GetFileName(scene->SSF));
+    else
+        m_links->EditSSF(std::nullopt);
+}
+
+void frmMainTSL::menSFFEditor_Click()
+{
+    if (m_links)
+        m_links->ShowSSFManager();
+}
+
+void frmMainTSL::menRBTEditor_Click()
+{
+    if (m_links)
+        m_links->ShowRBTManager();
+}
+
 // --- the buttons ---
 
 void frmMainTSL::Command1_Click()
 {
     if (!objTSL)
         return;
-    // Step 1. At the limit of 32767 scenes AddScene does nothing, and nor does the command
-    // (design 5).
-    const qint16 before = objTSL->NumScenes();
-    objTSL->AddScene(std::make_shared<clsScene>());
-    if (objTSL->NumScenes() == before)
+    // A listing of more scenes would not load again.
+    if (!objTSL || objTSL->NumScenes() >= Limits::MaxRecords)
         return;
-    // Step 2.
+    objTSL->AddScene(std::make_shared<clsScene>());
     lstScenes->AddItem(SceneRowText(lstScenes->ListCount()));
-    // Step 3: the Click this raises shows the new, empty scene and enables Frame2.
+    // The Click this raises shows the new, empty scene and enables Frame2.
     lstScenes->setListIndex(lstScenes->ListCount() - 1);
 }
 
 void frmMainTSL::Command3_Click()
 {
-    // Step 1.
     CommonDialog1.FileName.clear();
     CommonDialog1.Filter = QStringLiteral("Stage Scene Files (*.ssf)|*.ssf");
     CommonDialog1.ShowOpen();
-    // Step 2.
-    if (CommonDialog1.FileName.isEmpty())
+    if (CommonDialog1.FileName.isEmpty()) // a cancel
         return;
-    // Step 3: Change carries it into the selected scene and its row, if there is one.
+    // Change carries it into the selected scene and its row, if there is one.
     txtSSF->setText(QStringLiteral("..\\rez\\") + mdlGeneral::GetFileName(CommonDialog1.FileName));
-    // Step 4 (Part 1.1).
+    // A scene's file may be the first pick of the run, which sets the base directory.
     if (mdlGeneral::strCurrentDir.isEmpty())
         mdlGeneral::strCurrentDir = mdlGeneral::GetDirectory(CommonDialog1.FileName);
 }
 
 void frmMainTSL::Command5_Click()
 {
-    // Step 1.
     CommonDialog1.FileName.clear();
     CommonDialog1.Filter = QStringLiteral("LithTech world dat file (*.dat)|*.dat");
     CommonDialog1.ShowOpen();
-    // Step 2.
     if (CommonDialog1.FileName.isEmpty())
         return;
-    // Step 3.
     txtWorld->setText(QStringLiteral("..\\rez\\worlds\\") +
                       mdlGeneral::GetFileName(CommonDialog1.FileName));
-    // Step 4: the last four characters go, whatever they are. strCurrentDir is not touched.
+    // The last four characters go, whatever they are. strCurrentDir is not touched.
     const QString world = txtWorld->Text();
     txtWorld->setText(world.left(std::max<qsizetype>(0, world.size() - 4)));
 }

@@ -1,5 +1,5 @@
 #pragma once
-// Part 1.3: `CheckBox` over QCheckBox. `Value` is 0 or 1; every change of it, by the user or
+// `CheckBox` over QCheckBox. `Value` is 0 or 1; every change of it, by the user or
 // by code, raises `Click`.
 
 #include <QCheckBox>

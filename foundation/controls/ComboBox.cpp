@@ -20,7 +20,7 @@ void ComboBox::AddItem(const QString& text)
     const bool noneSelected = currentIndex() == -1;
     const QSignalBlocker block(this);
     addItem(text, 0);
-    // QComboBox makes the first row of an empty list the current one (design.md 3).
+    // QComboBox makes the first row of an empty list the current one.
     if (noneSelected)
         setCurrentIndex(-1);
 }

@@ -1,5 +1,5 @@
 #pragma once
-// Part 1.3: pick-only `ComboBox` (style 2) over a QComboBox that is not editable. Design.md 3:
+// Pick-only `ComboBox` over a QComboBox that is not editable: no typing.
 // `AddItem` never selects, so `ListIndex` is -1 until a row is picked or written; `Click`
 // comes only from a user's pick or a write of `ListIndex`; `DropDown` comes just before the
 // list opens, so its handler may refill the list.

@@ -1,5 +1,7 @@
 #pragma once
-// Part 1.3: `CommandButton` over QPushButton, with its event `Click`.
+// `CommandButton` over QPushButton, with its event `Click`. Enter on a focused button presses
+// it, as Space does. No button is a default button unless the window makes one so with
+// setDefault(true); then, in a dialog, Enter in a text box presses that one.
 
 #include <QPushButton>
 
@@ -11,4 +13,7 @@ public:
 
 signals:
     void Click();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
 };

@@ -1,12 +1,36 @@
 #include "foundation/controls/CommonDialog.h"
 
 #include "foundation/controls/DialogService.h"
+#include "foundation/mdlGeneral.h"
 
+#include <QDir>
 #include <QStringList>
 
-bool CommonDialog::ShowOpen() { return m_service->ShowOpen(*this); }
+bool CommonDialog::ShowOpen() { return picked(m_service->ShowOpen(*this)); }
 
-bool CommonDialog::ShowSave() { return m_service->ShowSave(*this); }
+bool CommonDialog::ShowSave() { return picked(m_service->ShowSave(*this)); }
+
+bool CommonDialog::picked(bool ok)
+{
+    if (ok) {
+        const QString folder = mdlGeneral::GetDirectory(FileName);
+        if (!folder.isEmpty())
+            m_service->m_lastFolder = folder;
+    }
+    return ok;
+}
+
+QString CommonDialog::Folder() const
+{
+    if (!m_service->m_lastFolder.isEmpty())
+        return m_service->m_lastFolder;
+    if (!mdlGeneral::strCurrentDir.isEmpty())
+        return mdlGeneral::strCurrentDir;
+    QString working = QDir::toNativeSeparators(QDir::currentPath());
+    if (!working.endsWith(QDir::separator()))
+        working += QDir::separator();
+    return working;
+}
 
 QString CommonDialog::QtFilter(const QString& filter)
 {
@@ -17,8 +41,8 @@ QString CommonDialog::QtFilter(const QString& filter)
         const QString pattern = i + 1 < parts.size() ? parts[i + 1] : QString();
         if (description.isEmpty() && pattern.isEmpty())
             continue;
-        // Qt takes the patterns from the parentheses at the end of the description; the
-        // original's patterns are separated by ';', Qt's by blanks.
+        // Qt takes the patterns from the parentheses at the end of the description; ours
+        // are separated by ';', Qt's by blanks.
         if (description.trimmed().endsWith(u')') || pattern.isEmpty())
             filters << description;
         else

@@ -1,7 +1,7 @@
 #pragma once
-// Part 1.3: the standard dialogs, `CommonDialog` (open and save), `MsgBox` and `InputBox`,
-// behind one replaceable service (design.md 3). Each window is given the service by its
-// constructor; the program hands it the real one (QtDialogService), a test a scripted one.
+// The standard dialogs, `CommonDialog` (open and save), `MsgBox` and `InputBox`, behind one
+// replaceable service. The program makes one service for the whole run and hands it to every
+// window by its constructor: the real one (QtDialogService); a test hands a scripted one.
 
 #include <QString>
 
@@ -12,7 +12,8 @@ public:
     virtual ~DialogService() = default;
 
     // Modal. True on OK, with `FileName` the full path chosen; False on a cancel, with
-    // `FileName` as it was. The dialog reads `FileName`, `Filter` and `DefaultExt`.
+    // `FileName` as it was. The dialog reads `FileName`, `Filter` and `DefaultExt`, and opens
+    // in `CommonDialog::Folder()`.
     virtual bool ShowOpen(CommonDialog& dialog) = 0;
     virtual bool ShowSave(CommonDialog& dialog) = 0;
 
@@ -26,4 +27,11 @@ protected:
     DialogService() = default;
     DialogService(const DialogService&) = default;
     DialogService& operator=(const DialogService&) = default;
+
+private:
+    friend class CommonDialog;
+
+    // The folder of the last file picked through this service, with its separator; empty
+    // before the first pick. One service serves the run, so every window's dialog follows it.
+    QString m_lastFolder;
 };

@@ -1,5 +1,5 @@
 #pragma once
-// Part 1.3: `Frame` over QGroupBox. Writing `Enabled` False disables all it contains; the
+// `Frame` over QGroupBox. Writing `Enabled` False disables all it contains; the
 // `OptionButton`s placed directly in it form one set that excludes each other.
 
 #include <QGroupBox>

@@ -27,8 +27,8 @@ void ListBox::RemoveItem(int i)
         return;
     const QSignalBlocker quiet(this);
     const bool wasSelected = ListIndex() == i;
-    // QListWidget moves the current row of a removed current row to a neighbour
-    // (design.md 3); the row removed was the selection, so nothing is selected now.
+    // QListWidget moves the current row of a removed current row to a neighbour; the row
+    // removed was the selection, so nothing is selected now.
     const std::unique_ptr<QListWidgetItem> removed(takeItem(i));
     if (wasSelected) {
         selectionModel()->clearSelection();
@@ -94,11 +94,27 @@ void ListBox::selectionChangedByQt()
     const int index = ListIndex();
     if (index == m_lastIndex)
         return;
+    if (index == -1) {
+        // Only the user changes the selection outside our own calls, and the user may not
+        // take it away: the row comes back, and no `Click` is raised.
+        const QSignalBlocker quiet(this);
+        setCurrentRow(m_lastIndex, QItemSelectionModel::ClearAndSelect);
+        return;
+    }
     m_lastIndex = index;
-    // A user's selection of a row is a `Click`; the original list cannot be emptied
-    // of its selection by the user, so losing it raises nothing.
-    if (index != -1)
-        emit Click();
+    emit Click();
+}
+
+QItemSelectionModel::SelectionFlags ListBox::selectionCommand(const QModelIndex& index,
+                                                              const QEvent* event) const
+{
+    // Qt empties the selection on a click on the blank part and on Ctrl+click or Ctrl+Space
+    // on the selected row; here these keep it.
+    const QItemSelectionModel::SelectionFlags command = QListWidget::selectionCommand(index, event);
+    if (!index.isValid() || command.testFlag(QItemSelectionModel::Deselect) ||
+        command.testFlag(QItemSelectionModel::Toggle))
+        return QItemSelectionModel::NoUpdate;
+    return command;
 }
 
 void ListBox::keyPressEvent(QKeyEvent* event)

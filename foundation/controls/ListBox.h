@@ -1,9 +1,13 @@
 #pragma once
-// Part 1.3: `ListBox` over QListWidget, single selection, not sorted. Design.md 3: `ListIndex`
-// is the selected row (-1 for none, also after `Clear` and after `RemoveItem` of the selected
-// row); `Click` comes from a user's selection or from a write of `ListIndex`, never from
-// `AddItem`, `RemoveItem`, `Clear` or a write of `List(i)`; `KeyDown` gives Visual Basic key
-// codes (46 Delete, 113 F2).
+// `ListBox` over QListWidget, single selection, not sorted. `ListIndex` is the selected row
+// (-1 for none, also after `Clear` and after `RemoveItem` of the selected row); `Click` comes
+// from a user's selection or from a write of `ListIndex`, never from `AddItem`, `RemoveItem`,
+// `Clear` or a write of `List(i)`; `KeyDown` gives Windows key codes (46 Delete, 113 F2).
+//
+// A selected row stays selected until the list is cleared, the row removed or `ListIndex`
+// written: the user can move the selection but not take it away (a click on the blank part
+// or a Ctrl+click on the selected row keeps it). The windows show the selected record in
+// text boxes beside the list, and typing there must reach that record.
 
 #include <QListWidget>
 
@@ -35,8 +39,8 @@ public:
     static QFont FixedPitchFont();
     void setFixedPitch() { setFont(FixedPitchFont()); }
 
-    // The Visual Basic key code of a Qt key (vbKeyDelete 46, vbKeyF2 113, letters as their
-    // capitals, ...); 0 for a key without one.
+    // The Windows key code of a Qt key (Delete 46, F2 113, letters as their capitals, ...);
+    // 0 for a key without one.
     static int VbKeyCode(int qtKey);
 
 signals:
@@ -45,6 +49,8 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event) const override;
 
 private:
     void selectionChangedByQt();

@@ -1,6 +1,6 @@
 #pragma once
-// Part 1.3: a `Menu` entry over QAction, named by its spec name, with its event `Click`
-// (QAction::triggered). A menu of the menu bar is a QMenu carrying the spec name.
+// A `Menu` entry over QAction, named by its objectName, with its event `Click`
+// (QAction::triggered). A menu of the menu bar is a QMenu carrying its name as well.
 
 #include <QAction>
 
@@ -17,7 +17,7 @@ public:
     static QMenu* AddMenu(QMenuBar* bar, const QString& name, const QString& caption);
     // An entry appended to `menu`, owned by it.
     static Menu* AddEntry(QMenu* menu, const QString& name, const QString& caption);
-    // A separator appended to `menu`, named like the original's (`menSep04`).
+    // A separator appended to `menu`, named like the entries (`menSep04`).
     static QAction* AddSeparator(QMenu* menu, const QString& name);
 
 signals:

@@ -1,5 +1,5 @@
 #pragma once
-// Part 1.3: `OptionButton` over QRadioButton. The buttons that stand directly in one `Frame`
+// `OptionButton` over QRadioButton. The buttons that stand directly in one `Frame`
 // exclude each other (Qt's auto-exclusion among the children of one widget); none is on at
 // the start; `Click` is raised when a button becomes on, by the user or by code.
 

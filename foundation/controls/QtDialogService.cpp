@@ -6,12 +6,16 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QScreen>
 
 namespace {
 
 bool showFileDialog(CommonDialog& dialog, QFileDialog::AcceptMode mode)
 {
     QFileDialog fileDialog(QApplication::activeWindow());
+    // Qt's own dialog on every desktop, so the folder, the size and the answers by keyboard
+    // are the same everywhere.
+    fileDialog.setOption(QFileDialog::DontUseNativeDialog, true);
     fileDialog.setAcceptMode(mode);
     fileDialog.setFileMode(QFileDialog::AnyFile);
     fileDialog.setOption(QFileDialog::DontConfirmOverwrite, true);
@@ -19,8 +23,16 @@ bool showFileDialog(CommonDialog& dialog, QFileDialog::AcceptMode mode)
     if (!filter.isEmpty())
         fileDialog.setNameFilter(filter);
     fileDialog.setDefaultSuffix(CommonDialog::QtDefaultSuffix(dialog.DefaultExt));
+    fileDialog.setDirectory(dialog.Folder());
+    // A bare name is proposed in that folder; a full path opens its own.
     if (!dialog.FileName.isEmpty())
         fileDialog.selectFile(dialog.FileName);
+    // The detail view with its name, size, type and date columns whole, within the screen.
+    fileDialog.setViewMode(QFileDialog::Detail);
+    QSize size(880, 520);
+    if (const QScreen* screen = fileDialog.screen())
+        size = size.boundedTo(screen->availableSize());
+    fileDialog.resize(size);
     if (fileDialog.exec() != QDialog::Accepted)
         return false;
     const QStringList chosen = fileDialog.selectedFiles();

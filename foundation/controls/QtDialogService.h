@@ -1,15 +1,15 @@
 #pragma once
-// Part 1.3: the real standard dialogs, shown modally over the active window: QFileDialog for
-// `CommonDialog`, QMessageBox for `MsgBox`, QInputDialog for `InputBox` (design.md 3).
+// The real standard dialogs, shown modally over the active window: QFileDialog for
+// `CommonDialog`, QMessageBox for `MsgBox`, QInputDialog for `InputBox`.
 
 #include "foundation/controls/DialogService.h"
 
 class QtDialogService : public DialogService {
 public:
-    // Open: a name that does not exist may be typed (the original's open dialog sets no
-    // "file must exist" flag; Part 4.2 has such a name end in the open message).
+    // Open: a name that does not exist may be typed; the open command then shows its own
+    // message.
     bool ShowOpen(CommonDialog& dialog) override;
-    // Save: an existing file is overwritten without a question (Part 4.2).
+    // Save: an existing file is overwritten without a question.
     bool ShowSave(CommonDialog& dialog) override;
     // Title: the application's name (QCoreApplication::applicationName).
     void MsgBox(const QString& text) override;

@@ -1,19 +1,44 @@
 #include "foundation/controls/TextBox.h"
 
+#include <QScopedValueRollback>
 #include <QValidator>
 
 #include <algorithm>
 #include <limits>
 
-// Refuses an edit that makes the text longer than `MaxLength`. QLineEdit asks a validator
-// only for the user's edits (a write from code keeps its text whatever the answer), and an
-// edit that shortens an over-long text is let through.
-class TextBoxLengthValidator : public QValidator {
-public:
-    explicit TextBoxLengthValidator(TextBox* box) : QValidator(box), m_box(box) {}
+namespace {
 
-    State validate(QString& input, int& /*pos*/) const override
+// The text without U+0000 to U+001F but tab; the cursor moves back by those dropped in
+// front of it.
+QString withoutControlCharacters(const QString& text, int& cursor)
+{
+    QString kept;
+    kept.reserve(text.size());
+    const qsizetype cursorBefore = cursor;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i].unicode() >= 0x20 || text[i] == u'\t')
+            kept.append(text[i]);
+        else if (i < cursorBefore)
+            --cursor;
+    }
+    return kept;
+}
+
+} // namespace
+
+// Sees every change of the text before it is shown: QLineEdit takes the text a validator
+// hands back, also from a write of code, so a write from code passes unchanged. An edit of
+// the user's loses its control characters, and one that makes the text longer than
+// `MaxLength` is refused; an edit that shortens an over-long text is let through.
+class TextBoxInputValidator : public QValidator {
+public:
+    explicit TextBoxInputValidator(TextBox* box) : QValidator(box), m_box(box) {}
+
+    State validate(QString& input, int& pos) const override
     {
+        if (m_box->m_writingFromCode)
+            return Acceptable;
+        input = withoutControlCharacters(input, pos);
         const int limit = m_box->m_maxLength;
         if (limit > 0 && input.size() > limit && input.size() > m_box->m_lengthBefore)
             return Invalid;
@@ -29,11 +54,17 @@ TextBox::TextBox(const QString& name, QWidget* parent) : QLineEdit(parent)
     setObjectName(name);
     // QLineEdit cuts every text, also one written from code, to 32767 characters by default.
     QLineEdit::setMaxLength(std::numeric_limits<int>::max());
-    setValidator(new TextBoxLengthValidator(this));
+    setValidator(new TextBoxInputValidator(this));
     connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
         m_lengthBefore = text.size();
         emit Change();
     });
+}
+
+void TextBox::setText(const QString& text)
+{
+    const QScopedValueRollback fromCode(m_writingFromCode, true);
+    QLineEdit::setText(text);
 }
 
 void TextBox::setMaxLength(int maxLength) { m_maxLength = std::max(0, maxLength); }

@@ -1,451 +1,241 @@
-// Part 4.2: the show listing window as designed and its "Edge cases worth testing", driven
-// offscreen through its controls and the scripted dialogs (tests/support).
+// The show listing window driven as a user would: one session from New to a failed open, and
+// the failures that must lose nothing.
 
-#include "tests/show/TslWindowFixture.h"
+#include "foundation/controls/ListBox.h"
+#include "foundation/controls/SuiteLinks.h"
+#include "foundation/controls/TextBox.h"
+#include "foundation/mdlGeneral.h"
+#include "show/frmMainTSL.h"
+#include "tests/support/ScriptedDialogService.h"
+#include "tests/support/WindowDriver.h"
 
 #include <QDir>
-#include <QLabel>
-#include <QMenu>
-#include <QMenuBar>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <memory>
 
 using namespace Qt::StringLiterals;
-using namespace tslwindow;
 
-class tst_frmMainTSL : public QObject, private Fixture {
+namespace {
+
+const QString Caption = u"Troupe Show Listing Manager - "_s;
+
+// The other managers as the window reaches them.
+struct Links : SuiteLinks {
+    QStringList calls;
+    void ShowRBTManager() override { calls << u"RBT"_s; }
+    void ShowSSFManager() override { calls << u"SSF"_s; }
+    void ShowTSLManager() override { calls << u"TSL"_s; }
+    void EditRBT(const std::optional<QString>&) override { calls << u"EditRBT"_s; }
+    void EditSSF(const std::optional<QString>& name) override
+    {
+        calls << u"EditSSF "_s + name.value_or(u"-"_s);
+    }
+};
+
+QByteArray readFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : "<no file>";
+}
+
+void writeFile(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+}
+
+} // namespace
+
+class tst_frmMainTSL : public QObject {
     Q_OBJECT
 
 private slots:
-    void init() { setUp(); }
-    void cleanup() { tearDown(); }
+    void init();
+    void cleanup();
+    void session();
+    void failuresLoseNothing_data();
+    void failuresLoseNothing();
 
-    // The window as designed.
-    void theWindowComesUpWithItsCaptionControlsAndFramesDisabled();
-    void theMenusStandInMenuBarOrderWithTheirCaptions();
+private:
+    QString path(const QString& name) const
+    {
+        return QDir::toNativeSeparators(m_dir->filePath(name));
+    }
+    // A folder of the test's directory as a file dialog opens in it, with its separator.
+    QString folder(const QString& sub = {}) const
+    {
+        return path(sub.isEmpty() ? u"x"_s : sub + u"/x"_s).chopped(1);
+    }
+    ListBox* list() const { return m_ui->listBox(u"lstScenes"_s); }
+    TextBox* box(const QString& name) const { return m_ui->textBox(name); }
+    QStringList rows() const
+    {
+        QStringList texts;
+        for (int i = 0; i < list()->ListCount(); ++i)
+            texts << list()->List(i);
+        return texts;
+    }
+    void answer(const QString& file, const QString& command)
+    {
+        file.isEmpty() ? m_dialogs.answerCancel() : m_dialogs.answerFile(path(file));
+        m_ui->trigger(command);
+    }
+    void press(const QString& button, const QString& file)
+    {
+        m_dialogs.answerFile(path(file));
+        m_ui->click(button);
+    }
 
-    // Edge cases worth testing, Part 4.2.
-    void aNameOf32CharactersGivesSsfInColumn34AndOneOf40ShowsItsFirst32();
-    void aSceneWithEmptyNameAndSsfIsARowOf33Spaces();
-    void deleteWithNoRowSelectedByKeyOrMenuDoesNothing();
-    void afterADeleteNoRowIsSelectedAndTheDetailKeepsTheDeletedScene();
-    void afterNewOrAnOpenTheDetailKeepsTheLastSelectedScene();
-    void command3WithNoRowSelectedFillsTxtSsfButReachesNoRecord();
-    void pickingAWorldGivesRezWorldsAndTheNameLessItsLastFourCharacters_data();
-    void pickingAWorldGivesRezWorldsAndTheNameLessItsLastFourCharacters();
-    void typingInTxtWorldGoesIntoMainWorldAsTyped();
-    void addingASceneSelectsItAndItsRowIs33Spaces();
-    void cancelInTheOpenDialogChangesNothing();
-    void cancelInTheSaveDialogChangesNothingAndWritesNothing();
-    void aNewDocumentsFirstSaveHasAnEmptyFileNamePreset();
-    void aSaveUnderANewNameChangesCaptionAndCurrentFileAndKeepsStrCurrentDir();
-    void aNameTypedIntoTheOpenDialogThatDoesNotExistEndsInTheMessageOfOpenTSL();
-    void aNameInTheSaveDialogThatExistsIsOverwrittenWithoutAQuestion();
+    std::unique_ptr<QTemporaryDir> m_dir;
+    ScriptedDialogService m_dialogs;
+    Links m_links;
+    std::unique_ptr<frmMainTSL> m_window;
+    std::unique_ptr<WindowDriver> m_ui;
 };
 
-// --- the window as designed ---
-
-void tst_frmMainTSL::theWindowComesUpWithItsCaptionControlsAndFramesDisabled()
+void tst_frmMainTSL::init()
 {
-    Session& s = *m_session;
-    QCOMPARE(s.window.objectName(), u"frmMainTSL"_s);
-    QCOMPARE(s.caption(), DesignedCaption);
-    QVERIFY(s.doc() == nullptr);
-    QCOMPARE(s.window.CurrentFile(), QString());
-
-    const QList<std::pair<QString, QString>> frames = {
-        {u"Frame4"_s, u"General information"_s}, {u"Frame1"_s, u"Scenes"_s}, {u"Frame2"_s, {}}};
-    for (const auto& [name, caption] : frames) {
-        QCOMPARE(s.frame(name)->title(), caption);
-        QVERIFY2(!s.frame(name)->Enabled(), qPrintable(name));
-    }
-    const QList<std::pair<QString, QString>> labels = {
-        {u"Label7"_s, u"Title"_s},  {u"Label3"_s, u"Main world"_s}, {u"Label1"_s, u"Name"_s},
-        {u"Label9"_s, u"SSF File"_s}, {u"Label2"_s, u"Name:"_s},      {u"Label6"_s, u"SSF File:"_s}};
-    for (const auto& [name, caption] : labels)
-        QCOMPARE(s.ui.find<QLabel>(name)->text(), caption);
-    const QList<std::pair<QString, QString>> buttons = {
-        {u"Command5"_s, u"..."_s}, {u"Command1"_s, u"Add scene..."_s}, {u"Command3"_s, u"..."_s}};
-    for (const auto& [name, caption] : buttons)
-        QCOMPARE(s.ui.find<CommandButton>(name)->text(), caption);
-
-    // Where each control lies.
-    QVERIFY(s.frame(u"Frame4"_s)->isAncestorOf(s.box(u"txtWorld"_s)));
-    QVERIFY(s.frame(u"Frame4"_s)->isAncestorOf(s.ui.find<CommandButton>(u"Command5"_s)));
-    QVERIFY(s.frame(u"Frame1"_s)->isAncestorOf(s.list()));
-    QVERIFY(s.frame(u"Frame1"_s)->isAncestorOf(s.frame(u"Frame2"_s)));
-    QVERIFY(s.frame(u"Frame2"_s)->isAncestorOf(s.box(u"txtSSF"_s)));
-    QVERIFY(s.frame(u"Frame2"_s)->isAncestorOf(s.ui.find<CommandButton>(u"Command3"_s)));
-
-    for (const QString& name : {u"txtTitle"_s, u"txtWorld"_s, u"txtName"_s, u"txtSSF"_s}) {
-        QCOMPARE(s.box(name)->Text(), QString());
-        QCOMPARE(s.box(name)->MaxLength(), 0);
-    }
-    QVERIFY(s.box(u"txtSSF"_s)->Locked());
-    QVERIFY(!s.box(u"txtName"_s)->Locked());
-
-    QCOMPARE(s.list()->font().family(), u"Courier New"_s);
-    QCOMPARE(s.list()->font().pointSize(), 9);
-    const QFontMetricsF metrics(s.list()->font());
-    QCOMPARE(metrics.horizontalAdvance(u"iiiiiiiiii"_s), metrics.horizontalAdvance(u"WWWWWWWWWW"_s));
-    QVERIFY(!s.list()->isSortingEnabled());
-    QCOMPARE(s.list()->selectionMode(), QAbstractItemView::SingleSelection);
-
-    // The heads stand over the columns of the rows: "SSF File" over column 34.
-    const QLabel* ssfHead = s.ui.find<QLabel>(u"Label9"_s);
-    const int headX = ssfHead->mapTo(&s.window, QPoint(ssfHead->contentsRect().left(), 0)).x();
-    const int listTextX = s.list()->viewport()->mapTo(&s.window, QPoint(0, 0)).x();
-    const int column34 = QFontMetrics(s.list()->font()).horizontalAdvance(Blank33);
-    QVERIFY2(qAbs(headX - (listTextX + column34)) <= 4,
-             qPrintable(u"head at %1, column 34 at %2"_s.arg(headX).arg(listTextX + column34)));
-}
-
-void tst_frmMainTSL::theMenusStandInMenuBarOrderWithTheirCaptions()
-{
-    Session& s = *m_session;
-    const QList<QAction*> bar = s.window.menuBar()->actions();
-    QCOMPARE(bar.size(), 3);
-    const QStringList menuNames = {u"menFile"_s, u"menScene"_s, u"menTools"_s};
-    const QStringList menuCaptions = {u"File"_s, u"Scene"_s, u"Tools"_s};
-    const QList<QList<std::pair<QString, QString>>> entries = {
-        {{u"menNewTSL"_s, u"&New Troupe Show Listing"_s},
-         {u"menOpenTSL"_s, u"&Open Troupe Show Listing"_s},
-         {u"menSaveTSL"_s, u"&Save Troupe Show Listing"_s},
-         {u"menSep04"_s, {}},
-         {u"menExit"_s, u"&Exit"_s}},
-        {{u"menDeleteScene"_s, u"&Delete"_s},
-         {u"menSep02"_s, {}},
-         {u"menEditSSF"_s, u"&Edit SSF File"_s}},
-        {{u"menSFFEditor"_s, u"SSF Manager"_s}, {u"menRBTEditor"_s, u"RBT Manager"_s}}};
-    for (int m = 0; m < 3; ++m) {
-        QCOMPARE(bar[m]->text(), menuCaptions[m]);
-        QMenu* menu = bar[m]->menu();
-        QVERIFY(menu);
-        QCOMPARE(menu->objectName(), menuNames[m]);
-        const QList<QAction*> actions = menu->actions();
-        QCOMPARE(actions.size(), entries[m].size());
-        for (int e = 0; e < actions.size(); ++e) {
-            const auto& [name, caption] = entries[m][e];
-            QCOMPARE(actions[e]->objectName(), name);
-            QCOMPARE(actions[e]->isSeparator(), caption.isEmpty());
-            if (!caption.isEmpty())
-                QCOMPARE(actions[e]->text(), caption);
-            // No entry is ever disabled, and none has a shortcut key.
-            QVERIFY(actions[e]->isEnabled());
-            QVERIFY(actions[e]->shortcut().isEmpty());
-        }
-    }
-}
-
-// --- Edge cases worth testing ---
-
-void tst_frmMainTSL::aNameOf32CharactersGivesSsfInColumn34AndOneOf40ShowsItsFirst32()
-{
-    Session& s = *m_session;
-    s.ui.trigger(u"menNewTSL"_s);
-    const QString name32 = u"Thirty-two characters long name!"_s;
-    QCOMPARE(name32.size(), 32);
-    s.addScene(name32);
-    s.dialogs.answerFile(path(u"act1.ssf"_s));
-    s.ui.click(u"Command3"_s);
-    QCOMPARE(s.rows(), QStringList{name32 + u" ..\\rez\\act1.ssf"_s});
-    QCOMPARE(s.rows()[0].indexOf(u"..\\rez"_s), 33); // column 34, counted from 1
-
-    const QString name40 = u"Forty characters long, the end cut off!!"_s;
-    QCOMPARE(name40.size(), 40);
-    s.ui.clearText(u"txtName"_s);
-    s.ui.type(u"txtName"_s, name40);
-    QCOMPARE(s.rows(), QStringList{name40.left(32) + u" ..\\rez\\act1.ssf"_s});
-    QCOMPARE(s.doc()->Scenes(0)->Name, name40);
-    QCOMPARE(s.box(u"txtName"_s)->Text(), name40);
-}
-
-void tst_frmMainTSL::aSceneWithEmptyNameAndSsfIsARowOf33Spaces()
-{
-    Session& s = *m_session;
-    writeFile(path(u"empty.tsl"_s),
-              R"(<play title="" mainworld=""><scene id="0" name="" ssf=""/></play>)");
-    s.open(path(u"empty.tsl"_s));
-    QCOMPARE(s.rows(), QStringList{Blank33});
-}
-
-void tst_frmMainTSL::deleteWithNoRowSelectedByKeyOrMenuDoesNothing()
-{
-    Session& s = *m_session;
-    // Without a document, too.
-    s.ui.trigger(u"menDeleteScene"_s);
-    s.ui.pressKey(u"lstScenes"_s, Qt::Key_Delete);
-    QVERIFY(s.doc() == nullptr);
-
-    s.open(path(u"two.tsl"_s));
-    const QStringList rows = s.rows();
-    QCOMPARE(s.list()->ListIndex(), -1);
-    s.ui.pressKey(u"lstScenes"_s, Qt::Key_Delete);
-    s.ui.trigger(u"menDeleteScene"_s);
-    QCOMPARE(s.doc()->NumScenes(), 2);
-    QCOMPARE(s.rows(), rows);
-    QVERIFY(s.dialogs.messages().isEmpty());
-}
-
-void tst_frmMainTSL::afterADeleteNoRowIsSelectedAndTheDetailKeepsTheDeletedScene()
-{
-    Session& s = *m_session;
-    s.ui.trigger(u"menNewTSL"_s);
-    s.addScene(u"A"_s);
-    s.addScene(u"B"_s);
-    s.ui.pickRow(u"lstScenes"_s, 0);
-    QCOMPARE(s.box(u"txtName"_s)->Text(), u"A"_s);
-
-    s.ui.pressKey(u"lstScenes"_s, Qt::Key_Delete);
-    QCOMPARE(s.list()->ListIndex(), -1);
-    QCOMPARE(s.doc()->NumScenes(), 1);
-    QCOMPARE(s.doc()->Scenes(0)->Name, u"B"_s);
-    QCOMPARE(s.doc()->Scenes(0)->Id, u"0"_s);
-    QCOMPARE(s.rows(), QStringList{u"B"_s.leftJustified(33)});
-    QCOMPARE(s.box(u"txtName"_s)->Text(), u"A"_s);
-    QCOMPARE(s.box(u"txtSSF"_s)->Text(), QString());
-    QVERIFY(s.frame(u"Frame2"_s)->Enabled());
-
-    // Typing there changes no record and no row.
-    s.ui.type(u"txtName"_s, u"x"_s);
-    QCOMPARE(s.box(u"txtName"_s)->Text(), u"Ax"_s);
-    QCOMPARE(s.doc()->Scenes(0)->Name, u"B"_s);
-    QCOMPARE(s.rows(), QStringList{u"B"_s.leftJustified(33)});
-
-    // Command3 still fills txtSSF and still sets an empty strCurrentDir.
-    QCOMPARE(mdlGeneral::strCurrentDir, QString());
-    s.dialogs.answerFile(path(u"act9.ssf"_s));
-    s.ui.click(u"Command3"_s);
-    QCOMPARE(s.box(u"txtSSF"_s)->Text(), u"..\\rez\\act9.ssf"_s);
-    QCOMPARE(s.doc()->Scenes(0)->SSF, QString());
-    QCOMPARE(mdlGeneral::strCurrentDir, dirOf(u"act9.ssf"_s));
-
-    // The menu entry deletes the same way.
-    s.ui.pickRow(u"lstScenes"_s, 0);
-    s.ui.trigger(u"menDeleteScene"_s);
-    QCOMPARE(s.doc()->NumScenes(), 0);
-    QCOMPARE(s.list()->ListCount(), 0);
-    QCOMPARE(s.box(u"txtName"_s)->Text(), u"B"_s);
-}
-
-void tst_frmMainTSL::afterNewOrAnOpenTheDetailKeepsTheLastSelectedScene()
-{
-    Session& s = *m_session;
-    s.open(path(u"two.tsl"_s));
-    s.ui.pickRow(u"lstScenes"_s, 1);
-    QCOMPARE(s.box(u"txtName"_s)->Text(), u"B"_s);
-    QCOMPARE(s.box(u"txtSSF"_s)->Text(), u"..\\rez\\b.ssf"_s);
-
-    s.ui.trigger(u"menNewTSL"_s);
-    QCOMPARE(s.list()->ListCount(), 0);
-    QCOMPARE(s.box(u"txtName"_s)->Text(), u"B"_s);
-    QCOMPARE(s.box(u"txtSSF"_s)->Text(), u"..\\rez\\b.ssf"_s);
-    QVERIFY(s.frame(u"Frame2"_s)->Enabled());
-
-    s.open(path(u"two.tsl"_s));
-    QCOMPARE(s.list()->ListIndex(), -1);
-    QCOMPARE(s.box(u"txtName"_s)->Text(), u"B"_s);
-    s.ui.type(u"txtName"_s, u"!"_s); // reaches no record
-    QCOMPARE(s.doc()->Scenes(1)->Name, u"B"_s);
-    s.ui.pickRow(u"lstScenes"_s, 0);
-    QCOMPARE(s.box(u"txtName"_s)->Text(), u"A"_s);
-    QCOMPARE(s.box(u"txtSSF"_s)->Text(), u"..\\rez\\a.ssf"_s);
-}
-
-void tst_frmMainTSL::command3WithNoRowSelectedFillsTxtSsfButReachesNoRecord()
-{
-    Session& s = *m_session;
-    s.open(path(u"two.tsl"_s));
-    s.ui.pickRow(u"lstScenes"_s, 0); // enables Frame2
-    s.open(path(u"two.tsl"_s));      // and nothing is selected now
-    const QStringList rows = s.rows();
-    s.dialogs.answerFile(path(u"other.ssf"_s));
-    s.ui.click(u"Command3"_s);
-    QCOMPARE(s.dialogs.lastShown().Filter, SsfFilter);
-    QCOMPARE(s.box(u"txtSSF"_s)->Text(), u"..\\rez\\other.ssf"_s);
-    QCOMPARE(s.doc()->Scenes(0)->SSF, u"..\\rez\\a.ssf"_s);
-    QCOMPARE(s.doc()->Scenes(1)->SSF, u"..\\rez\\b.ssf"_s);
-    QCOMPARE(s.rows(), rows);
-}
-
-void tst_frmMainTSL::pickingAWorldGivesRezWorldsAndTheNameLessItsLastFourCharacters_data()
-{
-    QTest::addColumn<QString>("picked");
-    QTest::addColumn<QString>("world");
-    QTest::newRow("Windows path") << u"C:\\Shows\\Rez\\Park.dat"_s << u"..\\rez\\worlds\\Park"_s;
-    QTest::newRow("native path") << u"/shows/Rez/Harbour Night.DAT"_s
-                                 << u"..\\rez\\worlds\\Harbour Night"_s;
-    QTest::newRow("no three-letter extension") << u"C:\\Shows\\Rez\\Park.d"_s
-                                               << u"..\\rez\\worlds\\Pa"_s;
-    QTest::newRow("no extension") << u"/shows/Forest"_s << u"..\\rez\\worlds\\Fo"_s;
-}
-
-void tst_frmMainTSL::pickingAWorldGivesRezWorldsAndTheNameLessItsLastFourCharacters()
-{
-    QFETCH(QString, picked);
-    QFETCH(QString, world);
-    Session& s = *m_session;
-    s.ui.trigger(u"menNewTSL"_s);
-    s.dialogs.answerFile(picked);
-    s.ui.click(u"Command5"_s);
-    QCOMPARE(s.dialogs.lastShown().Filter, DatFilter);
-    QCOMPARE(s.dialogs.lastShown().FileName, QString());
-    QCOMPARE(s.box(u"txtWorld"_s)->Text(), world);
-    QCOMPARE(s.doc()->MainWorld, world);
-    QCOMPARE(mdlGeneral::strCurrentDir, QString()); // not touched
-}
-
-void tst_frmMainTSL::typingInTxtWorldGoesIntoMainWorldAsTyped()
-{
-    Session& s = *m_session;
-    s.ui.trigger(u"menNewTSL"_s);
-    s.ui.type(u"txtWorld"_s, u"worlds/Harbour.dat"_s);
-    QCOMPARE(s.doc()->MainWorld, u"worlds/Harbour.dat"_s);
-    s.ui.type(u"txtTitle"_s, u"Night"_s);
-    QCOMPARE(s.doc()->Title, u"Night"_s);
-}
-
-void tst_frmMainTSL::addingASceneSelectsItAndItsRowIs33Spaces()
-{
-    Session& s = *m_session;
-    s.open(path(u"two.tsl"_s));
-    s.ui.pickRow(u"lstScenes"_s, 0); // the detail shows "A"
-    s.ui.click(u"Command1"_s);
-    QCOMPARE(s.list()->ListIndex(), 2);
-    QCOMPARE(s.list()->ListCount(), 3);
-    QCOMPARE(s.list()->List(2), Blank33);
-    QCOMPARE(s.doc()->NumScenes(), 3);
-    QCOMPARE(s.doc()->Scenes(2)->Id, u"2"_s);
-    QCOMPARE(s.doc()->Scenes(2)->Name, QString());
-    // The new, empty scene is shown.
-    QCOMPARE(s.box(u"txtName"_s)->Text(), QString());
-    QCOMPARE(s.box(u"txtSSF"_s)->Text(), QString());
-    QCOMPARE(s.doc()->Scenes(0)->Name, u"A"_s);
-
-    // On a new document, Frame2 is enabled by the add.
-    Session fresh;
-    fresh.ui.trigger(u"menNewTSL"_s);
-    QVERIFY(!fresh.frame(u"Frame2"_s)->Enabled());
-    fresh.ui.click(u"Command1"_s);
-    QVERIFY(fresh.frame(u"Frame2"_s)->Enabled());
-    QCOMPARE(fresh.rows(), QStringList{Blank33});
-    QCOMPARE(fresh.list()->ListIndex(), 0);
-}
-
-void tst_frmMainTSL::cancelInTheOpenDialogChangesNothing()
-{
-    Session& s = *m_session;
-    s.ui.trigger(u"menNewTSL"_s);
-    s.addScene(u"Kept"_s);
-    const clsTSL* doc = s.doc();
-    const QStringList rows = s.rows();
-    s.dialogs.answerCancel();
-    s.ui.trigger(u"menOpenTSL"_s);
-    QCOMPARE(s.dialogs.lastShown().kind, ScriptedDialogService::Kind::Open);
-    QCOMPARE(s.dialogs.lastShown().Filter, TslFilter);
-    QCOMPARE(s.dialogs.lastShown().FileName, QString());
-    QCOMPARE(mdlGeneral::strCurrentDir, QString());
-    QCOMPARE(s.doc(), doc);
-    QCOMPARE(s.rows(), rows);
-    QCOMPARE(s.list()->ListIndex(), 0);
-    QCOMPARE(s.caption(), DesignedCaption + u" - <no name>"_s);
-    QVERIFY(s.dialogs.messages().isEmpty());
-}
-
-void tst_frmMainTSL::cancelInTheSaveDialogChangesNothingAndWritesNothing()
-{
-    Session& s = *m_session;
-    // A document with a name.
-    s.open(path(u"two.tsl"_s));
-    s.ui.type(u"txtTitle"_s, u" changed"_s);
-    s.dialogs.answerCancel();
-    s.ui.trigger(u"menSaveTSL"_s);
-    QCOMPARE(s.dialogs.lastShown().kind, ScriptedDialogService::Kind::Save);
-    QCOMPARE(s.dialogs.lastShown().FileName, u"two.tsl"_s);
-    QCOMPARE(readFile(path(u"two.tsl"_s)), QByteArray(TwoScenes));
-    QCOMPARE(s.caption(), DesignedCaption + u" - two.tsl"_s);
-    QCOMPARE(s.window.CurrentFile(), u"two.tsl"_s);
-    QCOMPARE(s.doc()->Title, u"Two changed"_s);
-
-    // And one without.
-    s.ui.trigger(u"menNewTSL"_s);
-    const QStringList before = QDir(m_dir->path()).entryList(QDir::NoDotAndDotDot | QDir::AllEntries);
-    s.dialogs.answerCancel();
-    s.ui.trigger(u"menSaveTSL"_s);
-    QCOMPARE(QDir(m_dir->path()).entryList(QDir::NoDotAndDotDot | QDir::AllEntries), before);
-    QCOMPARE(s.caption(), DesignedCaption + u" - <no name>"_s);
-    QVERIFY(s.dialogs.messages().isEmpty());
-    // The default extension is set for the save dialog alone.
-    QCOMPARE(s.dialogs.lastShown().DefaultExt, u".tsl"_s);
-    s.dialogs.answerCancel();
-    s.ui.trigger(u"menOpenTSL"_s);
-    QCOMPARE(s.dialogs.lastShown().DefaultExt, QString());
-}
-
-void tst_frmMainTSL::aNewDocumentsFirstSaveHasAnEmptyFileNamePreset()
-{
-    Session& s = *m_session;
-    s.open(path(u"two.tsl"_s)); // a name before
-    s.ui.trigger(u"menNewTSL"_s);
-    QCOMPARE(s.window.CurrentFile(), QString());
-    s.save(path(u"first.tsl"_s));
-    const ScriptedDialogService::Shown& shown = s.dialogs.lastShown();
-    QCOMPARE(shown.kind, ScriptedDialogService::Kind::Save);
-    QCOMPARE(shown.FileName, QString());
-    QCOMPARE(shown.Filter, TslFilter);
-    QCOMPARE(shown.DefaultExt, u".tsl"_s);
-    QCOMPARE(readFile(path(u"first.tsl"_s)), QByteArray(R"(<play title="" mainworld=""/>)"));
-    // The next save starts from the name.
-    s.dialogs.answerCancel();
-    s.ui.trigger(u"menSaveTSL"_s);
-    QCOMPARE(s.dialogs.lastShown().FileName, u"first.tsl"_s);
-}
-
-void tst_frmMainTSL::aSaveUnderANewNameChangesCaptionAndCurrentFileAndKeepsStrCurrentDir()
-{
-    Session& s = *m_session;
-    s.open(path(u"two.tsl"_s));
-    const QString base = dirOf(u"two.tsl"_s);
-    QCOMPARE(mdlGeneral::strCurrentDir, base);
-    QTemporaryDir elsewhere;
-    const QString target = elsewhere.filePath(u"renamed.tsl"_s);
-    s.save(target);
-    QCOMPARE(s.caption(), DesignedCaption + u" - renamed.tsl"_s);
-    QCOMPARE(s.window.CurrentFile(), u"renamed.tsl"_s);
-    QCOMPARE(mdlGeneral::strCurrentDir, base);
-    QCOMPARE(readFile(target), QByteArray(TwoScenes));
-    QVERIFY(s.dialogs.messages().isEmpty());
-
-    // A save leaves an empty strCurrentDir empty, too.
-    Session fresh;
     mdlGeneral::strCurrentDir.clear();
-    fresh.ui.trigger(u"menNewTSL"_s);
-    fresh.save(elsewhere.filePath(u"new.tsl"_s));
-    QCOMPARE(fresh.caption(), DesignedCaption + u" - new.tsl"_s);
-    QCOMPARE(mdlGeneral::strCurrentDir, QString());
+    m_dir = std::make_unique<QTemporaryDir>();
+    m_dialogs.reset();
+    m_links.calls.clear();
+    m_window = std::make_unique<frmMainTSL>(m_dialogs, &m_links);
+    m_ui = std::make_unique<WindowDriver>(m_window.get());
 }
 
-void tst_frmMainTSL::aNameTypedIntoTheOpenDialogThatDoesNotExistEndsInTheMessageOfOpenTSL()
+void tst_frmMainTSL::cleanup()
 {
-    Session& s = *m_session;
-    s.open(path(u"nothere.tsl"_s));
-    QCOMPARE(s.dialogs.messages(),
-             QStringList{u"Cannot open the TSL file "_s + dirOf(u"x"_s) + u"nothere.tsl"_s});
-    QVERIFY(s.doc() == nullptr);
-    QCOMPARE(s.caption(), DesignedCaption);
-    QVERIFY(!s.frame(u"Frame1"_s)->Enabled());
-    // The base directory was set all the same: the dialog gave a file name.
-    QCOMPARE(mdlGeneral::strCurrentDir, dirOf(u"x"_s));
+    QCOMPARE(m_dialogs.pendingAnswers(), 0);
+    m_ui.reset();
+    m_window.reset();
 }
 
-void tst_frmMainTSL::aNameInTheSaveDialogThatExistsIsOverwrittenWithoutAQuestion()
+void tst_frmMainTSL::session()
 {
-    Session& s = *m_session;
-    writeFile(path(u"old.tsl"_s), "old text");
-    s.open(path(u"two.tsl"_s));
-    s.save(path(u"old.tsl"_s));
-    QCOMPARE(readFile(path(u"old.tsl"_s)), QByteArray(TwoScenes));
-    QCOMPARE(s.dialogs.shown().size(), 2); // the open and the save dialog, no question
-    QVERIFY(s.dialogs.messages().isEmpty());
-    QCOMPARE(s.caption(), DesignedCaption + u" - old.tsl"_s);
+    QVERIFY(QDir(m_dir->path()).mkdir(u"worlds"_s));
+    m_ui->trigger(u"menNewTSL"_s);
+    m_ui->type(u"txtTitle"_s, u"Opening"_s);
+    m_ui->find<QWidget>(u"Command1"_s)->setFocus();
+    m_ui->pressKey(u"Command1"_s, Qt::Key_Return); // "Add scene..." from the keyboard
+    m_ui->type(u"txtName"_s, u"Act one"_s);
+    press(u"Command3"_s, u"act1.ssf"_s);
+    QCOMPARE(m_dialogs.lastShown().Folder, QDir::toNativeSeparators(QDir::currentPath() + u'/'));
+    press(u"Command5"_s, u"worlds/Park.dat"_s);
+    QCOMPARE(m_dialogs.lastShown().Folder, folder()); // the folder of the last pick
+    m_ui->click(u"Command1"_s);
+    m_ui->type(u"txtName"_s, u"Finale"_s);
+    QCOMPARE(rows(), (QStringList{u"Act one"_s.leftJustified(33) + u"..\\rez\\act1.ssf"_s,
+                                  u"Finale"_s.leftJustified(33)}));
+
+    // The selected row stays through a click on the blank part and a Ctrl+click, so the
+    // typing that follows reaches its scene.
+    m_ui->pickRow(u"lstScenes"_s, 0);
+    QTest::mouseClick(list()->viewport(), Qt::LeftButton, {}, QPoint(5, list()->height() - 10));
+    QTest::mouseClick(list()->viewport(), Qt::LeftButton, Qt::ControlModifier,
+                      list()->visualItemRect(list()->item(0)).center());
+    m_ui->type(u"txtName"_s, u" & more"_s);
+    m_ui->trigger(u"menEditSSF"_s);
+    m_ui->pickRow(u"lstScenes"_s, 1);
+    m_ui->pressKey(u"lstScenes"_s, Qt::Key_Delete);
+    m_ui->trigger(u"menEditSSF"_s);
+    m_ui->trigger(u"menSFFEditor"_s);
+    m_ui->trigger(u"menRBTEditor"_s);
+    QCOMPARE(m_links.calls,
+             (QStringList{u"EditSSF act1.ssf"_s, u"EditSSF -"_s, u"SSF"_s, u"RBT"_s}));
+
+    // Room gained goes to the list and the text boxes.
+    const QSize listSize = list()->size();
+    const int boxWidth = box(u"txtName"_s)->width();
+    m_window->resize(m_window->size() + QSize(200, 150));
+    QTRY_VERIFY(list()->width() > listSize.width() && list()->height() > listSize.height());
+    QVERIFY(box(u"txtName"_s)->width() > boxWidth);
+
+    const QByteArray saved =
+        R"(<play title="Opening" mainworld="..\rez\worlds\Park">)"
+        R"(<scene id="0" name="Act one &amp; more" ssf="..\\rez\\act1.ssf"/></play>)";
+    answer(u"opening.tsl"_s, u"menSaveTSL"_s);
+    QCOMPARE(m_dialogs.lastShown().Folder, folder(u"worlds"_s));
+    QCOMPARE(readFile(path(u"opening.tsl"_s)), saved);
+    QCOMPARE(m_window->windowTitle(), Caption + u"opening.tsl"_s);
+    // The next save proposes the name where it was saved; Cancel writes nothing.
+    answer({}, u"menSaveTSL"_s);
+    QCOMPARE(m_dialogs.lastShown().Folder, folder());
+    QCOMPARE(m_dialogs.lastShown().FileName, u"opening.tsl"_s);
+
+    m_ui->trigger(u"menNewTSL"_s);
+    answer(u"opening.tsl"_s, u"menOpenTSL"_s);
+    QCOMPARE(rows(), QStringList{u"Act one & more"_s.leftJustified(33) + u"..\\rez\\act1.ssf"_s});
+    QCOMPARE(box(u"txtWorld"_s)->Text(), u"..\\rez\\worlds\\Park"_s);
+    const clsTSL* opened = m_window->Document();
+    writeFile(path(u"broken.tsl"_s), saved.left(60));
+    answer(u"broken.tsl"_s, u"menOpenTSL"_s);
+    QCOMPARE(m_dialogs.messages(),
+             QStringList{u"Cannot open the TSL file "_s + folder() + u"broken.tsl"_s});
+    QCOMPARE(m_window->Document(), opened);
+    QCOMPARE(m_window->windowTitle(), Caption + u"opening.tsl"_s);
+    QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files),
+             (QStringList{u"broken.tsl"_s, u"opening.tsl"_s}));
+    QCOMPARE(readFile(path(u"opening.tsl"_s)), saved);
+
+    // A listing at the limit takes no more scenes, so it still loads.
+    QByteArray full = R"(<play title="" mainworld="">)";
+    for (int i = 0; i < 32767; ++i)
+        full += R"(<scene id=")" + QByteArray::number(i) + R"(" name="" ssf=""/>)";
+    writeFile(path(u"full.tsl"_s), full + "</play>");
+    QVERIFY(m_window->OpenTSL(u"full.tsl"_s));
+    m_ui->click(u"Command1"_s);
+    QCOMPARE(m_window->Document()->NumScenes(), 32767);
+    QCOMPARE(list()->ListCount(), 32767);
+}
+
+void tst_frmMainTSL::failuresLoseNothing_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QString>("file"); // empty: Cancel
+    QTest::addColumn<QString>("message");
+    // No room for the temporary name a save writes first beside a file of 250 characters.
+    const QString longName = QString(246, u'n') + u".tsl"_s;
+    QTest::newRow("open of a missing file") << u"menOpenTSL"_s << u"none.tsl"_s << u"open"_s;
+    QTest::newRow("open of a file cut off") << u"menOpenTSL"_s << u"cut.tsl"_s << u"open"_s;
+    QTest::newRow("open cancelled") << u"menOpenTSL"_s << QString() << QString();
+    QTest::newRow("save cancelled") << u"menSaveTSL"_s << QString() << QString();
+    QTest::newRow("save over a file that cannot be replaced")
+        << u"menSaveTSL"_s << longName << u"Cannot save TSL file"_s;
+}
+
+void tst_frmMainTSL::failuresLoseNothing()
+{
+    QFETCH(QString, command);
+    QFETCH(QString, file);
+    QFETCH(QString, message);
+    const QByteArray listing = R"(<play title="Two" mainworld="..\rez\worlds\park">)"
+                               R"(<scene id="0" name="A" ssf="..\\rez\\a.ssf"/>)"
+                               R"(<scene id="1" name="B" ssf="..\\rez\\b.ssf"/></play>)";
+    writeFile(path(u"two.tsl"_s), listing);
+    writeFile(path(u"cut.tsl"_s), listing.left(80));
+    writeFile(path(QString(246, u'n') + u".tsl"_s), listing);
+    answer(u"two.tsl"_s, u"menOpenTSL"_s);
+    m_ui->pickRow(u"lstScenes"_s, 1);
+    m_ui->type(u"txtTitle"_s, u" edited"_s);
+    const QStringList rowsBefore = rows();
+    const clsTSL* document = m_window->Document();
+    const QStringList files =
+        QDir(m_dir->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+
+    answer(file, command);
+    if (message == u"open"_s)
+        message = u"Cannot open the TSL file "_s + folder() + file;
+    QCOMPARE(m_dialogs.messages(), message.isEmpty() ? QStringList() : QStringList{message});
+    QCOMPARE(m_window->Document(), document);
+    QCOMPARE(document->Title, u"Two edited"_s);
+    QCOMPARE(rows(), rowsBefore);
+    QCOMPARE(list()->ListIndex(), 1);
+    QCOMPARE(m_window->windowTitle(), Caption + u"two.tsl"_s);
+    QCOMPARE(QDir(m_dir->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), files);
+    for (const QString& name : files)
+        QCOMPARE(readFile(path(name)), name == u"cut.tsl"_s ? listing.left(80) : listing);
 }
 
 QTEST_MAIN(tst_frmMainTSL)

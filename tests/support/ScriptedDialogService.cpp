@@ -4,21 +4,6 @@
 
 #include <QtTest>
 
-void ScriptedDialogService::answerFile(const QString& fileName)
-{
-    m_answers.append({AnswerKind::File, fileName});
-}
-
-void ScriptedDialogService::answerCancel()
-{
-    m_answers.append({AnswerKind::Cancel, {}});
-}
-
-void ScriptedDialogService::answerInput(const QString& typed)
-{
-    m_answers.append({AnswerKind::Input, typed});
-}
-
 const ScriptedDialogService::Shown& ScriptedDialogService::lastShown() const
 {
     if (m_shown.isEmpty())
@@ -33,65 +18,37 @@ void ScriptedDialogService::reset()
     m_shown.clear();
 }
 
-ScriptedDialogService::Answer ScriptedDialogService::take(const char* dialogName)
+ScriptedDialogService::Answer ScriptedDialogService::take(Kind kind)
 {
-    if (m_answers.isEmpty()) {
-        const QByteArray message =
-            QByteArray("ScriptedDialogService: ") + dialogName + " shown with no answer scripted";
-        qWarning("%s", message.constData());
-        QTest::qFail(message.constData(), __FILE__, __LINE__);
-        return {AnswerKind::Cancel, {}};
-    }
-    return m_answers.takeFirst();
+    QByteArray problem;
+    if (m_answers.isEmpty())
+        problem = "shown with no answer scripted";
+    else if (const Answer answer = m_answers.takeFirst();
+             answer.cancel || (answer.kind == Kind::Input) == (kind == Kind::Input))
+        return answer;
+    else
+        problem = "answered with the wrong kind of answer";
+    const QByteArray message =
+        "ScriptedDialogService: " + QByteArray(kind == Kind::Input ? "InputBox " : "file dialog ") +
+        problem;
+    qWarning("%s", message.constData());
+    QTest::qFail(message.constData(), __FILE__, __LINE__);
+    return {kind, {}, true};
 }
 
 bool ScriptedDialogService::showFile(Kind kind, CommonDialog& dialog)
 {
-    m_shown.append({kind, dialog.Filter, dialog.FileName, dialog.DefaultExt, {}, {}});
-    const char* name = kind == Kind::Open ? "ShowOpen" : "ShowSave";
-    const Answer answer = take(name);
-    switch (answer.kind) {
-    case AnswerKind::File:
-        dialog.FileName = answer.text;
-        return true;
-    case AnswerKind::Cancel:
+    m_shown.append(
+        {kind, dialog.Filter, dialog.FileName, dialog.DefaultExt, {}, {}, dialog.Folder()});
+    const Answer answer = take(kind);
+    if (answer.cancel)
         return false;
-    case AnswerKind::Input:
-        break;
-    }
-    const QByteArray message =
-        QByteArray("ScriptedDialogService: ") + name + " answered with a typed input";
-    QTest::qFail(message.constData(), __FILE__, __LINE__);
-    return false;
-}
-
-bool ScriptedDialogService::ShowOpen(CommonDialog& dialog)
-{
-    return showFile(Kind::Open, dialog);
-}
-
-bool ScriptedDialogService::ShowSave(CommonDialog& dialog)
-{
-    return showFile(Kind::Save, dialog);
-}
-
-void ScriptedDialogService::MsgBox(const QString& text)
-{
-    m_messages.append(text);
+    dialog.FileName = answer.text;
+    return true;
 }
 
 QString ScriptedDialogService::InputBox(const QString& prompt, const QString& defaultText)
 {
-    m_shown.append({Kind::Input, {}, {}, {}, prompt, defaultText});
-    const Answer answer = take("InputBox");
-    switch (answer.kind) {
-    case AnswerKind::Input:
-        return answer.text;
-    case AnswerKind::Cancel:
-        return {};
-    case AnswerKind::File:
-        break;
-    }
-    QTest::qFail("ScriptedDialogService: InputBox answered with a file", __FILE__, __LINE__);
-    return {};
+    m_shown.append({Kind::Input, {}, {}, {}, prompt, defaultText, {}});
+    return take(Kind::Input).text;
 }

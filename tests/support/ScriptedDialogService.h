@@ -2,7 +2,7 @@
 // A DialogService for window tests: it answers each dialog from a queue that the test fills
 // as a user would answer (a file chosen, a cancel, a text typed), and records every dialog
 // as it was shown and every message. A dialog with no answer left, or with an answer of the
-// wrong kind, fails the running test loudly and is cancelled.
+// wrong kind, fails the running test and is cancelled.
 
 #include "foundation/controls/DialogService.h"
 
@@ -14,8 +14,8 @@ class ScriptedDialogService : public DialogService {
 public:
     enum class Kind { Open, Save, Input };
 
-    // A dialog as the window showed it: for a file dialog `Filter`, the `FileName` preset and
-    // `DefaultExt`; for an InputBox the prompt and the default.
+    // A dialog as the window showed it: for a file dialog `Filter`, the `FileName` preset,
+    // `DefaultExt` and the folder it opened in; for an InputBox the prompt and the default.
     struct Shown {
         Kind kind;
         QString Filter;
@@ -23,14 +23,15 @@ public:
         QString DefaultExt;
         QString prompt;
         QString defaultText;
+        QString Folder;
     };
 
     // The next file dialog ends with OK and this `FileName` (a full path, as Qt gives).
-    void answerFile(const QString& fileName);
+    void answerFile(const QString& fileName) { m_answers.append({Kind::Open, fileName, false}); }
     // The next dialog, a file dialog or an InputBox, ends with Cancel.
-    void answerCancel();
+    void answerCancel() { m_answers.append({Kind::Open, {}, true}); }
     // The next InputBox ends with OK and this text.
-    void answerInput(const QString& typed);
+    void answerInput(const QString& typed) { m_answers.append({Kind::Input, typed, false}); }
 
     // Every MsgBox text, in order.
     const QStringList& messages() const { return m_messages; }
@@ -43,21 +44,21 @@ public:
     // Forgets messages, dialogs shown and answers left, e.g. between steps of a session.
     void reset();
 
-    bool ShowOpen(CommonDialog& dialog) override;
-    bool ShowSave(CommonDialog& dialog) override;
-    void MsgBox(const QString& text) override;
+    bool ShowOpen(CommonDialog& dialog) override { return showFile(Kind::Open, dialog); }
+    bool ShowSave(CommonDialog& dialog) override { return showFile(Kind::Save, dialog); }
+    void MsgBox(const QString& text) override { m_messages.append(text); }
     QString InputBox(const QString& prompt, const QString& defaultText) override;
 
 private:
-    enum class AnswerKind { File, Cancel, Input };
     struct Answer {
-        AnswerKind kind;
+        Kind kind; // Open stands for a file of either dialog
         QString text;
+        bool cancel;
     };
 
     bool showFile(Kind kind, CommonDialog& dialog);
-    // The next answer; a missing one fails the test and reads as a cancel.
-    Answer take(const char* dialogName);
+    // The next answer when it fits `kind`; otherwise the test fails and it reads as a cancel.
+    Answer take(Kind kind);
 
     QList<Answer> m_answers;
     QStringList m_messages;

@@ -20,25 +20,10 @@ void WindowDriver::missing(const QString& name, const char* type)
     qFatal("WindowDriver: no %s named \"%s\"", type, qPrintable(name));
 }
 
-TextBox* WindowDriver::textBox(const QString& name) const
-{
-    return find<TextBox>(name);
-}
-
-ListBox* WindowDriver::listBox(const QString& name) const
-{
-    return find<ListBox>(name);
-}
-
-ComboBox* WindowDriver::comboBox(const QString& name) const
-{
-    return find<ComboBox>(name);
-}
-
-QAction* WindowDriver::menuEntry(const QString& name) const
-{
-    return find<QAction>(name);
-}
+TextBox* WindowDriver::textBox(const QString& name) const { return find<TextBox>(name); }
+ListBox* WindowDriver::listBox(const QString& name) const { return find<ListBox>(name); }
+ComboBox* WindowDriver::comboBox(const QString& name) const { return find<ComboBox>(name); }
+QAction* WindowDriver::menuEntry(const QString& name) const { return find<QAction>(name); }
 
 void WindowDriver::type(const QString& name, const QString& text)
 {
@@ -64,10 +49,7 @@ void WindowDriver::click(const QString& name)
     QTest::mouseClick(button, Qt::LeftButton, {}, button->rect().center());
 }
 
-void WindowDriver::trigger(const QString& name)
-{
-    menuEntry(name)->trigger();
-}
+void WindowDriver::trigger(const QString& name) { menuEntry(name)->trigger(); }
 
 void WindowDriver::pickRow(const QString& name, int row)
 {
@@ -81,8 +63,7 @@ void WindowDriver::pickRow(const QString& name, int row)
 
 void WindowDriver::pressKey(const QString& name, Qt::Key key)
 {
-    QWidget* control = find<QWidget>(name);
-    QTest::keyClick(control, key);
+    QTest::keyClick(find<QWidget>(name), key);
 }
 
 void WindowDriver::pickComboRow(const QString& name, int row)

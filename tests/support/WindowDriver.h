@@ -1,5 +1,5 @@
 #pragma once
-// Drives a window as a user would, finding its controls by their spec names (objectName):
+// Drives a window as a user would, finding its controls by their names (objectName):
 // keys typed one by one, mouse clicks on buttons and rows, menu entries chosen, keys pressed
 // on a list. A control that does not exist ends the test program with its name.
 

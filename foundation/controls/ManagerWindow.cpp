@@ -1,0 +1,77 @@
+#include "foundation/controls/ManagerWindow.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMainWindow>
+#include <QMenuBar>
+
+namespace {
+
+// Watches the keys of one window. It listens at the application, since a key goes to the
+// focused control and a text box or list would keep a lone Alt from the window.
+class MenuKeyboard : public QObject {
+public:
+    explicit MenuKeyboard(QMainWindow& window) : QObject(&window), m_window(window)
+    {
+        qApp->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        const auto* widget = qobject_cast<const QWidget*>(watched);
+        if (!widget || widget->window() != &m_window)
+            return false;
+        switch (event->type()) {
+        case QEvent::KeyPress: {
+            const auto* key = static_cast<const QKeyEvent*>(event);
+            if (key->key() == Qt::Key_F10 && key->modifiers() == Qt::NoModifier) {
+                m_altAlone = false;
+                openFirstMenu();
+                return true;
+            }
+            if (key->key() != Qt::Key_Alt)
+                m_altAlone = false;
+            else if (!key->isAutoRepeat())
+                m_altAlone = true;
+            return false;
+        }
+        case QEvent::KeyRelease: {
+            const auto* key = static_cast<const QKeyEvent*>(event);
+            if (key->key() != Qt::Key_Alt || !m_altAlone)
+                return false;
+            m_altAlone = false;
+            openFirstMenu();
+            return true;
+        }
+        case QEvent::MouseButtonPress:
+        case QEvent::Wheel:
+        case QEvent::WindowDeactivate:
+            m_altAlone = false; // Alt was held for something else
+            return false;
+        default:
+            return false;
+        }
+    }
+
+private:
+    void openFirstMenu() const
+    {
+        QMenuBar* bar = m_window.menuBar();
+        const QList<QAction*> menus = bar->actions();
+        if (!menus.isEmpty())
+            bar->setActiveAction(menus.first());
+    }
+
+    QMainWindow& m_window;
+    bool m_altAlone = false; // Alt is down and no other key or click has come since
+};
+
+} // namespace
+
+void ManagerWindow::SetUp(QMainWindow& window, const QSize& designedSize)
+{
+    window.resize(designedSize);
+    window.setMinimumSize(designedSize.expandedTo(window.minimumSizeHint()));
+    new MenuKeyboard(window); // owned by the window
+}

@@ -170,22 +170,10 @@ private slots:
     {
         QFETCH(int, rounds);
         QFETCH(int, pieces);
-        const QByteArray parts[] = {"(anim-binding",
-                                    "(anim-bindings",
-                                    "(name",
-                                    "(set-node-flags",
-                                    "(\"",
-                                    "\"",
-                                    "(",
-                                    ")",
-                                    "))",
-                                    " ",
-                                    "Hip",
-                                    "\\",
-                                    "((",
-                                    "\n",
-                                    "é",
-                                    "\xEF\xBB\xBF"};
+        const QByteArrayList parts =
+            QByteArray("(anim-binding|(anim-bindings|(name|(set-node-flags|"
+                       "(\"|\"|(|)|))| |Hip|\\|((|\n|\xC3\xA9|\xEF\xBB\xBF")
+                .split('|');
         QRandomGenerator random(1999);
         int withNames = 0;
         for (int round = 0; round < rounds; ++round) {
@@ -201,7 +189,7 @@ private slots:
                 }
             }
             for (int i = random.bounded(pieces + 1); i > 0; --i)
-                bytes += parts[random.bounded(16)];
+                bytes += parts[random.bounded(parts.size())];
             const PlainScan plain{bytes};
             withNames += plain.animations.size() + plain.nodes.size() > 0 ? 1 : 0;
             Scan(Write(bytes), plain.ok, plain.animations, plain.nodes);
@@ -247,65 +235,35 @@ void tst_LtaScanner::scan_data()
                         const QStringList& animations, const QStringList& nodes, bool ok = true) {
         QTest::newRow(name.constData()) << model << ok << animations << nodes;
     };
-    row("no lists",
-        R"m((lt-model-0 (on-load-cmds ( (set-command-string "" ) (lod-groups ( (create-lod-group "pSphereShape1" ("joint1" 0 )))))) (hierarchy "Scene Root" (children ())))m",
-        {}, {});
+    // clang-format off
+    row("no lists", R"m((lt-model-0 (on-load-cmds ( (set-command-string "" ) (lod-groups ( (create-lod-group "pSphereShape1" ("joint1" 0 )))))) (hierarchy "Scene Root" (children ())))m", {}, {});
     row("empty file", "", {}, {});
-    row("node list at the end of its enclosing form",
-        R"m((lt-model-0 (on-load-cmds (set-node-flags ("Hip" 1) ("Arm" 1))) (shape "after" ("Leg" 1)))m",
-        {}, {"Hip", "Arm"});
-    row("animations behind nodes",
-        R"m((lt-model-0 (on-load-cmds ( (set-node-flags ( ("Hip" 0 ) ("Arm" 0 ))) (anim-bindings ( (anim-binding (name "walk" ) (dims (1.000000 2.000000 3.000000 )) (interp-time 200 )) (anim-binding (name "run" ) (interp-time 200 )))))))m",
-        {"walk", "run"}, {"Hip", "Arm"});
+    row("node list at the end of its enclosing form", R"m((lt-model-0 (on-load-cmds (set-node-flags ("Hip" 1) ("Arm" 1))) (shape "after" ("Leg" 1)))m", {}, {"Hip", "Arm"});
+    row("animations behind nodes", R"m((lt-model-0 (on-load-cmds ( (set-node-flags ( ("Hip" 0 ) ("Arm" 0 ))) (anim-bindings ( (anim-binding (name "walk" ) (dims (1.0 2.0 3.0 )) (interp-time 200 )) (anim-binding (name "run" ) (interp-time 200 )))))))m", {"walk", "run"}, {"Hip", "Arm"});
     // The name ends at the quote behind the backslash; ("Knee then gives a node.
-    row("backslash does not escape a quote",
-        R"m((lt-model-0 (on-load-cmds ( (set-node-flags ( ("Hip\"("Knee" 1) ("Arm" 1))))))m", {},
-        {"Hip\\", "Knee", "Arm"});
+    row("backslash does not escape a quote", R"m((lt-model-0 (on-load-cmds ( (set-node-flags ( ("Hip\"("Knee" 1) ("Arm" 1))))))m", {}, {"Hip\\", "Knee", "Arm"});
     // The second binding's (name search stops at its end; it takes "c" of the third.
-    row("binding without a name",
-        R"m((lt-model-0 (on-load-cmds ( (anim-bindings ( (anim-binding (name "a")) (anim-binding (interp-time 200)) (anim-binding (name "c")))))))m",
-        {"a", "c"}, {});
-    row("bracket in quoted text ends a list early",
-        R"m((lt-model-0 (on-load-cmds ( (set-node-flags ( ("Hip" 1 "x))") ("Arm" 1))))))m", {},
-        {"Hip"});
-    row("bracket in quoted text ends a list late",
-        R"m((lt-model-0 (on-load-cmds (set-node-flags ("Hip" 1 "(x"))) (shape ("Leg" 1)))m", {},
-        {"Hip", "Leg"});
-    row("bracket inside a name counts for nothing",
-        R"m((lt-model-0 (on-load-cmds ( (anim-bindings ( (anim-binding (name "wave)))" )) (anim-binding (name "((jump" )))) (set-node-flags ( ("Hip)))" 1) ("((Arm" 1))))))m",
-        {"wave)))", "((jump"}, {"Hip)))", "((Arm"});
-    row("form behind the node list in the same form",
-        R"m((lt-model-0 (on-load-cmds (set-node-flags ("Hip" 1)) (add-deformer ("Extra" 2) ("More" 3))) (shape ("Outside" 1)))m",
-        {}, {"Hip", "Extra", "More"});
-    row("lists end where a search stops",
-        R"m((lt-model-0 (on-load-cmds ( (anim-bindings ( (anim-binding (name "a")))) (anim-binding (name "z")) (set-node-flags ( ("Hip" 1))) ("Late" 1))))m",
-        {"a"}, {"Hip"});
-    row("patterns are exact, with case, without blanks",
-        R"m((lt-model-0 (on-load-cmds ( (Anim-Binding (name "upper")) (anim-bindings ( (anim-binding ( name "blank") (interp-time 200)))) (set-command-string "cmd") (Set-Node-Flags ("Hip" 1)))))m",
-        {"cmd"}, {});
-    row("two brackets hide a pattern",
-        R"m((lt-model-0 (on-load-cmds ( (anim-bindings ( (anim-binding ((name "a")) ) (anim-binding (name "b")))) (set-node-flags ( (("Hip" 1)) ("Arm" 1))))))m",
-        {"b"}, {"Arm"});
-    row("((name: the quote search runs on", R"m(( (anim-binding ((name "hidden") (x "next"))))m",
-        {""}, {});
-    row("file ends inside an animation name",
-        R"m((lt-model-0 (on-load-cmds ( (anim-bindings ( (anim-binding (name "wal)m", {"wal"}, {});
-    row("file ends inside a node name",
-        R"m((lt-model-0 (on-load-cmds ( (set-node-flags ( ("Hip" 1) ("Ar)m", {}, {"Hip", "Ar"});
-    row("empty binding list still gives an entry",
-        R"m((x (anim-bindings ()) (set-node-flags ( ("Hip" 0)))))m", {"Hip"}, {"Hip"});
+    row("binding without a name", R"m((lt-model-0 (on-load-cmds ( (anim-bindings ( (anim-binding (name "a")) (anim-binding (interp-time 200)) (anim-binding (name "c")))))))m", {"a", "c"}, {});
+    row("bracket in quoted text ends a list early", R"m((lt-model-0 (on-load-cmds ( (set-node-flags ( ("Hip" 1 "x))") ("Arm" 1))))))m", {}, {"Hip"});
+    row("bracket in quoted text ends a list late", R"m((lt-model-0 (on-load-cmds (set-node-flags ("Hip" 1 "(x"))) (shape ("Leg" 1)))m", {}, {"Hip", "Leg"});
+    row("bracket inside a name counts for nothing", R"m((lt-model-0 (on-load-cmds ( (anim-bindings ( (anim-binding (name "wave)))" )) (anim-binding (name "((jump" )))) (set-node-flags ( ("Hip)))" 1) ("((Arm" 1))))))m", {"wave)))", "((jump"}, {"Hip)))", "((Arm"});
+    row("form behind the node list in the same form", R"m((lt-model-0 (on-load-cmds (set-node-flags ("Hip" 1)) (add-deformer ("Extra" 2) ("More" 3))) (shape ("Outside" 1)))m", {}, {"Hip", "Extra", "More"});
+    row("lists end where a search stops", R"m((lt-model-0 (on-load-cmds ( (anim-bindings ( (anim-binding (name "a")))) (anim-binding (name "z")) (set-node-flags ( ("Hip" 1))) ("Late" 1))))m", {"a"}, {"Hip"});
+    row("patterns are exact, with case, without blanks", R"m((lt-model-0 (on-load-cmds ( (Anim-Binding (name "upper")) (anim-bindings ( (anim-binding ( name "blank") (interp-time 200)))) (set-command-string "cmd") (Set-Node-Flags ("Hip" 1)))))m", {"cmd"}, {});
+    row("two brackets hide a pattern", R"m((lt-model-0 (on-load-cmds ( (anim-bindings ( (anim-binding ((name "a")) ) (anim-binding (name "b")))) (set-node-flags ( (("Hip" 1)) ("Arm" 1))))))m", {"b"}, {"Arm"});
+    row("((name: the quote search runs on", R"m(( (anim-binding ((name "hidden") (x "next"))))m", {""}, {});
+    row("file ends inside an animation name", R"m((lt-model-0 (on-load-cmds ( (anim-bindings ( (anim-binding (name "wal)m", {"wal"}, {});
+    row("file ends inside a node name", R"m((lt-model-0 (on-load-cmds ( (set-node-flags ( ("Hip" 1) ("Ar)m", {}, {"Hip", "Ar"});
+    row("empty binding list still gives an entry", R"m((x (anim-bindings ()) (set-node-flags ( ("Hip" 0)))))m", {"Hip"}, {"Hip"});
     row("anim-binding on the last character", "(anim-binding", {}, {});
     row("anim-binding and a blank", "(anim-binding ", {""}, {});
     row("node entry on the last character", R"m((set-node-flags (")m", {}, {});
     row("node entry and a letter", R"m((set-node-flags ("x)m", {}, {"x"});
-    row("UTF-8 name", "(set-node-flags (\"Gr\xC3\xBC\xC3\x9F\" 1) (\"A\xC3\" 1))", {},
-        {u"Grüß"_s, u"AÃ"_s});
+    row("UTF-8 name", "(set-node-flags (\"Gr\xC3\xBC\xC3\x9F\" 1) (\"A\xC3\" 1))", {}, {u"Grüß"_s, u"AÃ"_s});
     row("Latin-1 name", "(anim-binding (name \"Gr\xFC\xDF\"))", {u"Grüß"_s}, {});
-    row("leading U+FEFF is kept",
-        "(anim-binding (name \"\xEF\xBB\xBFHip\")) (set-node-flags (\"\xEF\xBB\xBF\" 1))",
-        {u"\uFEFFHip"_s}, {u"\uFEFF"_s});
-    row("NUL in names", "(set-node-flags (\"Hi\0p\" 1) (\"\0\" 1))"_ba, {},
-        {QString::fromUtf8("Hi\0p", 4), QString(QChar(0))});
+    row("leading U+FEFF is kept", "(anim-binding (name \"\xEF\xBB\xBFHip\")) (set-node-flags (\"\xEF\xBB\xBF\" 1))", {u"\uFEFFHip"_s}, {u"\uFEFF"_s});
+    row("NUL in names", "(set-node-flags (\"Hi\0p\" 1) (\"\0\" 1))"_ba, {}, {QString::fromUtf8("Hi\0p", 4), QString(QChar(0))});
+    // clang-format on
     for (const int count : {32767, 32768, 40000}) {
         const QByteArray n = QByteArray::number(count);
         row(n + " nodes", Model(0, count), {}, Numbered("node", qMin(count, 32767)), count < 32768);

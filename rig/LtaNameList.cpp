@@ -1,16 +1,22 @@
 #include "rig/LtaNameList.h"
 
+#include <QStringDecoder>
+
 #include <algorithm>
 
 namespace {
 
-// Design 6: names are bytes, decoded as UTF-8 where valid, otherwise as Latin-1.
 QString DecodeName(QByteArrayView bytes)
 {
     // Plain ASCII, the usual name, reads the same either way: the quicker conversion.
     const bool ascii = std::all_of(bytes.begin(), bytes.end(),
                                    [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-    return ascii || !bytes.isValidUtf8() ? QString::fromLatin1(bytes) : QString::fromUtf8(bytes);
+    if (ascii || !bytes.isValidUtf8())
+        return QString::fromLatin1(bytes);
+    // QString::fromUtf8 would drop a leading U+FEFF as a byte-order mark; in a name it is a
+    // character of the name.
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    return decoder.decode(bytes);
 }
 
 } // namespace

@@ -1,10 +1,9 @@
 #pragma once
-// Part 2.3 "Data model": one of the scanner's two arrays of names, index from 0, in file
-// order. "Nothing but the names is held in memory": the names of a scan stand one behind
-// the other in one pool of bytes, with the end of each; a name becomes a QString only when
-// it is asked for (design 6: UTF-8 where valid, otherwise Latin-1). A list of 32767 names
-// thus lives in two blocks of memory, which a later scan fills again without allocating
-// as far as they reach.
+// One of the scanner's two lists of names, index from 0, in file order. The names of a scan
+// stand one behind the other in one pool of bytes, with the end of each; a name becomes a
+// QString only when it is asked for: its bytes decoded as UTF-8 where they are valid UTF-8,
+// otherwise as Latin-1, with nothing skipped. A list of 32767 names thus lives in two blocks
+// of memory, which a later scan fills again without allocating as far as they reach.
 
 #include <QByteArrayView>
 #include <QString>

@@ -1,8 +1,9 @@
 #pragma once
-// Part 2.3: the LTA model scanner. The spec makes it three private functions of frmMainRBT
-// with no dependence on its controls; here it is a class of its own so that it can be tested
-// and measured alone, and the window owns one. It is no parser: it reads the model one
-// character at a time, looks for a few fixed patterns and keeps one running bracket count.
+// Lists the animation and node names of a LithTech text model (.lta). It is no parser: it
+// reads the model one character at a time from the front, looks for a few fixed patterns and
+// keeps one running count of round brackets, which only decides where a list ends. The rig
+// binding window owns one; it depends on nothing of the window, so it is tested and measured
+// alone.
 
 #include "rig/LtaNameList.h"
 
@@ -11,30 +12,33 @@
 
 class LtaScanner {
 public:
-    // Design 1: the file is read through a buffer; its size may be set (tests use tiny ones
-    // to put every pattern across a buffer boundary). Sizes below 1 are taken as 1.
+    // The model's bytes are looked at in windows of this many bytes; the quick passage over
+    // characters that cannot matter never looks across a window's edge. Tests use tiny
+    // windows to put every pattern, name and bracket across an edge. Sizes below 1 are 1.
     static constexpr qsizetype DefaultBufferSize = 64 * 1024;
 
     explicit LtaScanner(qsizetype bufferSize = DefaultBufferSize);
 
-    // True when the file was opened and both passes ran; False on any failure (a file that
-    // cannot be opened or read, a list that would pass 32767 names, a bracket depth that
-    // would leave the 16-bit range). The arrays are written as a side effect.
+    // True when the file was opened and both passes ran, whether or not they found a list;
+    // False on any failure: a file that is missing or no regular file (a FIFO or a device
+    // would block or never end), a list that would pass 32767 names, a bracket depth that
+    // would leave the 16-bit range. The lists are written as a side effect.
     bool ScanModel(const QString& strModelFile);
 
-    // Part 2.3 "Data model": the names in file order, index from 0. The index of an
-    // animation is what a clsAnimation's Id means. Design 6: each scan starts both empty.
+    // The names in file order, index from 0; an animation's index is what a clsAnimation's
+    // Id means. Each scan starts both empty, so a model without a list never shows the
+    // names of an earlier one.
     LtaNameList strAnimations;
     LtaNameList strNodes;
 
 private:
     class ModelFile;
 
-    // Part 2.3 "Algorithms", to the letter; a 16-bit overflow of the depth or a read
-    // error marks the file failed, which fails the scan.
+    // True when the pattern was found, with the file standing directly behind it; False at
+    // the file's end, or when the bracket depth counted from this call fell below limit,
+    // standing behind that bracket. A depth leaving 16 bits marks the file failed.
     static bool FindInFile(ModelFile& file, QByteArrayView pattern, qint16 limit);
-    // ReadUntil's text goes straight into the array as its next entry, as the scan's
-    // assignment to the entry at index count would put it.
+    // The text up to the delimiter (consumed, left out) or the file's end, appended to names.
     static void ReadUntil(ModelFile& file, char delimiter, LtaNameList& names);
 
     bool ScanAnimations(ModelFile& file);

@@ -1,54 +1,67 @@
 #include "foundation/DOMDocument.h"
 
+#include "foundation/Limits.h"
 #include "foundation/mdlGeneral.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <QXmlStreamReader>
 
 #include <algorithm>
-#include <vector>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
 
 namespace {
 
-// Design 5: the child kinds that can stand among a root's children; white space between
-// elements is no child.
-std::optional<XmlNode> contentNode(const QXmlStreamReader& reader)
+// Opens a regular file of at most Limits::MaxFileBytes for reading. A FIFO, a device or a
+// socket fails at once: opened without blocking and looked at before a byte is read, so a
+// FIFO without a writer cannot hang the load, nor /dev/zero fill the memory.
+bool openRegularFile(QFile& file)
 {
-    using Kind = XmlNode::Kind;
-    switch (reader.tokenType()) {
-    case QXmlStreamReader::Characters:
-        if (reader.isCDATA())
-            return XmlNode(Kind::CData, {}, reader.text().toString());
-        if (reader.isWhitespace())
-            return std::nullopt;
-        return XmlNode(Kind::Text, {}, reader.text().toString());
-    case QXmlStreamReader::Comment:
-        return XmlNode(Kind::Comment, {}, reader.text().toString());
-    case QXmlStreamReader::ProcessingInstruction:
-        return XmlNode(Kind::ProcessingInstruction, reader.processingInstructionTarget().toString(),
-                       reader.processingInstructionData().toString());
-    default:
-        return std::nullopt;
+#ifdef Q_OS_UNIX
+    const int fd =
+        ::open(QFile::encodeName(file.fileName()).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (fd < 0)
+        return false;
+    struct stat status {};
+    if (::fstat(fd, &status) != 0 || !S_ISREG(status.st_mode) ||
+        status.st_size > Limits::MaxFileBytes) {
+        ::close(fd);
+        return false;
     }
+    return file.open(fd, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
+#else
+    const QFileInfo info(file);
+    return info.isFile() && info.size() <= Limits::MaxFileBytes && file.open(QIODevice::ReadOnly);
+#endif
 }
 
-// Design 5: `&`, `<`, `>`, `"` and control characters escaped. Our own, because Qt 6.4's
-// QXmlStreamWriter drops a whole attribute value that holds a control character.
-bool needsEscape(QChar c)
+// Appends `text` escaped for an attribute value: `&`, `<`, `>`, `"` by name, tab, line feed
+// and carriage return as character references, so they come back unchanged. False at a
+// character XML 1.0 cannot carry.
+bool appendEscaped(QString& out, QStringView text)
 {
-    return c.unicode() < 0x20 || c == u'&' || c == u'<' || c == u'>' || c == u'"';
-}
-
-void appendEscaped(QString& out, const QString& text)
-{
+    const auto plain = [](char16_t c) {
+        return c >= 0x20 && c != u'&' && c != u'<' && c != u'>' && c != u'"' &&
+               (c < 0xd800 || c > 0xdfff) && c < 0xfffe;
+    };
     // Most texts need nothing: they go across whole.
-    if (std::none_of(text.begin(), text.end(), needsEscape)) {
+    if (std::all_of(text.begin(), text.end(), [&](QChar c) { return plain(c.unicode()); })) {
         out += text;
-        return;
+        return true;
     }
-    for (const QChar c : text) {
-        switch (c.unicode()) {
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const char16_t c = text[i].unicode();
+        if (plain(c)) {
+            out += QChar(c);
+            continue;
+        }
+        switch (c) {
         case u'&':
             out += u"&amp;";
             break;
@@ -61,170 +74,272 @@ void appendEscaped(QString& out, const QString& text)
         case u'"':
             out += u"&quot;";
             break;
-        default:
-            if (c.unicode() < 0x20)
-                out += QStringLiteral("&#%1;").arg(c.unicode());
-            else
-                out += c;
-        }
-    }
-}
-
-void writeNode(QString& out, const XmlNode& node)
-{
-    using Kind = XmlNode::Kind;
-    switch (node.kind()) {
-    case Kind::Element:
-        out += u'<';
-        out += node.tagName();
-        for (const XmlAttribute& attribute : node.attributes()) {
-            out += u' ';
-            out += attribute.name;
-            out += u"=\"";
-            appendEscaped(out, attribute.value);
-            out += u'"';
-        }
-        if (node.childNodes().empty()) {
-            out += u"/>";
+        case u'\t':
+            out += u"&#9;";
             break;
+        case u'\n':
+            out += u"&#10;";
+            break;
+        case u'\r':
+            out += u"&#13;";
+            break;
+        default:
+            // A surrogate pair goes across; anything else here cannot be carried.
+            if (QChar::isHighSurrogate(c) && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
+                out += text.sliced(i, 2);
+                ++i;
+                break;
+            }
+            return false;
         }
-        out += u'>';
-        for (const XmlNode& child : node.childNodes())
-            writeNode(out, child);
-        out += u"</";
-        out += node.tagName();
-        out += u'>';
-        break;
-    case Kind::Text:
-        appendEscaped(out, node.text());
-        break;
-    case Kind::CData:
-        out += u"<![CDATA[";
-        out += node.text();
-        out += u"]]>";
-        break;
-    case Kind::Comment:
-        out += u"<!--";
-        out += node.text();
-        out += u"-->";
-        break;
-    case Kind::ProcessingInstruction:
-        out += u"<?";
-        out += node.tagName();
-        out += u' ';
-        out += node.text();
-        out += u"?>";
-        break;
     }
+    return true;
 }
 
 } // namespace
 
+DOMDocument::DOMDocument() = default;
+DOMDocument::~DOMDocument() = default;
+
+void DOMDocument::clear()
+{
+    m_nodes.clear();
+    m_attributes.clear();
+    m_root = None;
+}
+
 bool DOMDocument::load(const QString& path)
 {
-    m_root.reset();
+    clear();
     QFile file(mdlGeneral::ResolveFileCase(path));
-    if (!file.open(QIODevice::ReadOnly))
+    if (!openRegularFile(file))
         return false;
-    return parse(file.readAll());
+    // The reader takes the file in blocks, so the whole text is never held at once.
+    QXmlStreamReader reader(&file);
+    return parse(reader);
 }
 
 bool DOMDocument::loadXML(const QString& text)
 {
-    m_root.reset();
-    return parse(text.toUtf8());
+    clear();
+    QXmlStreamReader reader(text);
+    return parse(reader);
 }
 
-bool DOMDocument::parse(const QByteArray& data)
+bool DOMDocument::parse(QXmlStreamReader& reader)
 {
-    QXmlStreamReader reader(data);
     // Names stay as written: a prefix is part of the tag, `xmlns` an attribute like another.
     reader.setNamespaceProcessing(false);
 
-    // Tag and attribute names repeat from element to element: one shared copy of each of
-    // the first few, so a file of many odd names costs no quadratic search.
-    std::vector<QString> names;
-    const auto intern = [&names](QStringView name) {
-        for (const QString& known : names) {
-            if (known == name)
-                return known;
-        }
-        if (names.size() < 64)
-            names.push_back(name.toString());
-        return name.toString();
-    };
-
-    // Open elements, innermost last; a finished one moves into its parent.
-    std::vector<XmlNode> open;
-    std::optional<XmlNode> root;
+    // Open elements, innermost last: a list, not a recursion, however deep the input nests.
+    std::vector<quint32> open;
     while (!reader.atEnd()) {
         switch (reader.readNext()) {
         case QXmlStreamReader::StartElement: {
-            XmlNode element(XmlNode::Kind::Element, intern(reader.qualifiedName()));
+            const quint32 element =
+                addNode(XmlNode::Kind::Element, nameIndex(reader.qualifiedName(), m_tagHint));
+            if (open.empty())
+                m_root = element;
+            else
+                link(open.back(), element);
+            open.push_back(element);
             // A const copy: iterating the temporary would detach it from the reader's own.
             const QXmlStreamAttributes attributes = reader.attributes();
-            for (const QXmlStreamAttribute& attribute : attributes)
-                element.setAttribute(intern(attribute.qualifiedName()),
-                                     attribute.value().toString());
-            open.push_back(std::move(element));
-            break;
-        }
-        case QXmlStreamReader::EndElement: {
-            XmlNode finished = std::move(open.back());
-            open.pop_back();
-            if (open.empty())
-                root = std::move(finished);
-            else
-                open.back().appendChild(std::move(finished));
-            break;
-        }
-        case QXmlStreamReader::EntityReference:
-            // An entity the reader could not resolve: the text is not what the file means.
-            return false;
-        default:
-            // Nodes outside the root (prolog, DTD, trailing comments) are no children.
-            if (!open.empty()) {
-                if (std::optional<XmlNode> node = contentNode(reader))
-                    open.back().appendChild(std::move(*node));
+            if (m_attributeHints.size() < size_t(attributes.size()))
+                m_attributeHints.resize(attributes.size(), 0);
+            // The reader has refused a name given twice, so each is added without a search.
+            for (qsizetype i = 0; i < attributes.size(); ++i) {
+                const QXmlStreamAttribute& attribute = attributes[i];
+                addAttribute(element, nameIndex(attribute.qualifiedName(), m_attributeHints[i]),
+                             sharedText(attribute.value()));
             }
             break;
         }
+        case QXmlStreamReader::EndElement:
+            open.pop_back();
+            break;
+        case QXmlStreamReader::EntityReference:
+            // An entity the reader could not resolve: the text is not what the file means.
+            clear();
+            return false;
+        case QXmlStreamReader::Characters:
+            // White space between elements is no child; any other text or CDATA is one.
+            if (!open.empty() && (reader.isCDATA() || !reader.isWhitespace()))
+                link(open.back(),
+                     addNode(reader.isCDATA() ? XmlNode::Kind::CData : XmlNode::Kind::Text, 0));
+            break;
+        case QXmlStreamReader::Comment:
+            if (!open.empty())
+                link(open.back(), addNode(XmlNode::Kind::Comment, 0));
+            break;
+        case QXmlStreamReader::ProcessingInstruction:
+            if (!open.empty())
+                link(open.back(),
+                     addNode(XmlNode::Kind::ProcessingInstruction,
+                             nameIndex(reader.processingInstructionTarget(), m_tagHint)));
+            break;
+        default:
+            // The prolog, a DTD, and nodes behind the root are no children.
+            break;
+        }
     }
-    if (reader.hasError() || !root)
+    if (reader.hasError() || m_root == None) {
+        clear();
         return false;
-    m_root = std::move(root);
+    }
     return true;
 }
 
-XmlNode* DOMDocument::documentElement() { return m_root ? &*m_root : nullptr; }
+quint32 DOMDocument::addNode(XmlNode::Kind kind, quint32 name)
+{
+    Node node;
+    node.kind = kind;
+    node.name = name;
+    node.firstAttribute = quint32(m_attributes.size());
+    m_nodes.push_back(node);
+    return quint32(m_nodes.size() - 1);
+}
 
-const XmlNode* DOMDocument::documentElement() const { return m_root ? &*m_root : nullptr; }
+void DOMDocument::link(quint32 parent, quint32 child)
+{
+    Node& node = m_nodes[parent];
+    if (node.lastChild == None)
+        node.firstChild = child;
+    else
+        m_nodes[node.lastChild].nextSibling = child;
+    node.lastChild = child;
+    ++node.childCount;
+}
+
+quint32 DOMDocument::nameIndex(QStringView name, quint32& hint)
+{
+    if (hint < m_names.size() && m_names[hint] == name)
+        return hint;
+    const auto known = m_nameIndices.constFind(name);
+    if (known != m_nameIndices.cend()) {
+        hint = known.value();
+        return hint;
+    }
+    m_names.push_back(name.toString());
+    hint = quint32(m_names.size() - 1);
+    // The key views the text of the name just kept, which stays where it is.
+    m_nameIndices.insert(QStringView(m_names.back()), hint);
+    return hint;
+}
+
+void DOMDocument::addAttribute(quint32 node, quint32 name, QString value)
+{
+    Node& element = m_nodes[node];
+    // An element's attributes stand together. Set on an element whose attributes another
+    // element's followed, they move behind those first.
+    if (element.firstAttribute + element.attributeCount != m_attributes.size()) {
+        const quint32 first = quint32(m_attributes.size());
+        for (quint32 i = 0; i < element.attributeCount; ++i)
+            m_attributes.push_back(m_attributes[element.firstAttribute + i]);
+        element.firstAttribute = first;
+    }
+    m_attributes.push_back({name, std::move(value)});
+    ++element.attributeCount;
+}
+
+const DOMDocument::Attribute* DOMDocument::findAttribute(quint32 node, QStringView name) const
+{
+    const Node& element = m_nodes[node];
+    const Attribute* const first = m_attributes.data() + element.firstAttribute;
+    for (const Attribute* attribute = first; attribute != first + element.attributeCount;
+         ++attribute) {
+        if (m_names[attribute->name] == name)
+            return attribute;
+    }
+    return nullptr;
+}
+
+QString DOMDocument::sharedText(QStringView text)
+{
+    constexpr qsizetype longest = 16;
+    constexpr size_t slotCount = 1024;
+    if (text.isEmpty())
+        return QString();
+    if (text.size() > longest)
+        return text.toString();
+    if (!m_sharedTexts)
+        m_sharedTexts = std::make_unique<QString[]>(slotCount);
+    QString& shared = m_sharedTexts[qHash(text) & (slotCount - 1)];
+    if (shared != text)
+        shared = text.toString();
+    return shared;
+}
+
+XmlNode DOMDocument::documentElement()
+{
+    return m_root == None ? XmlNode() : XmlNode(this, m_root);
+}
 
 XmlNode DOMDocument::createElement(const QString& name)
 {
-    return XmlNode(XmlNode::Kind::Element, name);
+    return XmlNode(this, addNode(XmlNode::Kind::Element, nameIndex(name, m_tagHint)));
 }
 
-QByteArray DOMDocument::toByteArray() const
+std::optional<QByteArray> DOMDocument::toByteArray() const
 {
-    // No declaration and no white space (design 5); UTF-8 without a byte-order mark.
-    QString text;
-    if (m_root)
-        writeNode(text, *m_root);
-    return text.toUtf8();
+    if (m_root == None)
+        return std::nullopt;
+    QString out;
+    // Elements whose end tag is still to come, innermost last: a list, not a recursion.
+    std::vector<quint32> open;
+    quint32 current = m_root;
+    for (;;) {
+        const Node& node = m_nodes[current];
+        out += u'<';
+        out += m_names[node.name];
+        for (quint32 i = 0; i < node.attributeCount; ++i) {
+            const Attribute& attribute = m_attributes[node.firstAttribute + i];
+            out += u' ';
+            out += m_names[attribute.name];
+            out += u"=\"";
+            if (!appendEscaped(out, attribute.value))
+                return std::nullopt;
+            out += u'"';
+        }
+        // Only elements are written: the other kinds come from reading alone.
+        quint32 next = node.firstChild;
+        while (next != None && m_nodes[next].kind != XmlNode::Kind::Element)
+            next = m_nodes[next].nextSibling;
+        if (next != None) {
+            out += u'>';
+            open.push_back(current);
+            current = next;
+            continue;
+        }
+        out += u"/>";
+        // On to the next element behind this one, closing those that end here.
+        for (;;) {
+            next = current == m_root ? None : m_nodes[current].nextSibling;
+            while (next != None && m_nodes[next].kind != XmlNode::Kind::Element)
+                next = m_nodes[next].nextSibling;
+            if (next != None)
+                break;
+            if (open.empty())
+                return out.toUtf8();
+            current = open.back();
+            open.pop_back();
+            out += u"</";
+            out += m_names[m_nodes[current].name];
+            out += u'>';
+        }
+        current = next;
+    }
 }
 
 bool DOMDocument::save(const QString& path) const
 {
-    if (!m_root)
+    const std::optional<QByteArray> bytes = toByteArray();
+    if (!bytes)
         return false;
-    const QByteArray bytes = toByteArray();
+    // No direct-write fallback: where no temporary file can be made beside the old one, the
+    // save fails rather than write in place, which a crash or a full disk could cut off.
     QSaveFile file(path);
-    // Design 5: where the directory takes no temporary file but the file is writable.
-    file.setDirectWriteFallback(true);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    if (file.write(bytes) != bytes.size())
+    if (!file.open(QIODevice::WriteOnly) || file.write(*bytes) != bytes->size())
         return false;
     return file.commit();
 }

@@ -1,38 +1,89 @@
 #pragma once
-// Part 1.2: the XML document service, standing in for MSXML's DOMDocument (design.md 1).
-// Reads through QXmlStreamReader; writes with no declaration and no white space.
+// The XML document service of the three formats: reads through Qt's QXmlStreamReader into flat
+// tables, writes UTF-8 with no declaration and no white space between elements.
 
 #include "foundation/XmlNode.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QString>
 
+#include <memory>
 #include <optional>
+#include <vector>
+
+class QXmlStreamReader;
 
 class DOMDocument {
 public:
+    DOMDocument();
+    ~DOMDocument();
+    DOMDocument(const DOMDocument&) = delete;
+    DOMDocument& operator=(const DOMDocument&) = delete;
+
     // Reads and parses a file (its name matched without regard to case where it does not
-    // exist as given, design 4.5). False, with no root, when the file is missing,
-    // unreadable or not well-formed.
+    // exist as given). False, with no root, when the file is missing, no regular file, larger
+    // than Limits::MaxFileBytes, unreadable or not well-formed.
     bool load(const QString& path);
-    // Parses a literal text, as `Save` does with "<rbt></rbt>".
+    // Parses a literal text, as a save does with its root pair.
     bool loadXML(const QString& text);
 
-    // The root element; nullptr when the last parse failed or nothing was parsed.
-    XmlNode* documentElement();
-    const XmlNode* documentElement() const;
+    // The root element; a null node when the last parse failed or nothing was parsed.
+    XmlNode documentElement();
 
-    static XmlNode createElement(const QString& name);
+    // A new element of this document, not yet in the tree.
+    XmlNode createElement(const QString& name);
 
-    // The text `save` writes: UTF-8, no byte-order mark, no declaration, no white space,
-    // an element without children as `<name .../>`.
-    QByteArray toByteArray() const;
-    // Writes through QSaveFile, so an existing file is replaced only when the whole new
-    // text is on disk. False when there is no root or the file cannot be written.
+    // The text `save` writes: UTF-8, no byte-order mark, no declaration, no white space, an
+    // element without children as `<name .../>`. Nothing when there is no root or a text
+    // holds a character XML 1.0 cannot carry (a control character other than tab, line feed
+    // and carriage return, U+FFFE, U+FFFF, an unpaired surrogate): such a file would not load.
+    std::optional<QByteArray> toByteArray() const;
+    // Writes through QSaveFile, so an existing file is replaced only when the whole new text
+    // is on disk. False, with the file as it was, when there is nothing to write or the file
+    // or its temporary twin cannot be written.
     bool save(const QString& path) const;
 
 private:
-    bool parse(const QByteArray& data);
+    friend class XmlNode;
+    friend class XmlNodeList;
 
-    std::optional<XmlNode> m_root;
+    static constexpr quint32 None = 0xffffffffu;
+
+    struct Node {
+        quint32 name = 0; // index into m_names
+        quint32 firstAttribute = 0;
+        quint32 attributeCount = 0;
+        quint32 firstChild = None;
+        quint32 lastChild = None;
+        quint32 nextSibling = None;
+        quint32 childCount = 0;
+        XmlNode::Kind kind = XmlNode::Kind::Element;
+    };
+    struct Attribute {
+        quint32 name; // index into m_names
+        QString value;
+    };
+
+    void clear();
+    bool parse(QXmlStreamReader& reader);
+    quint32 addNode(XmlNode::Kind kind, quint32 name);
+    void link(quint32 parent, quint32 child);
+    // The index of a tag or attribute name, tried first against the name last seen at the
+    // same place, so the repeated elements of a file cost no search.
+    quint32 nameIndex(QStringView name, quint32& hint);
+    void addAttribute(quint32 node, quint32 name, QString value);
+    const Attribute* findAttribute(quint32 node, QStringView name) const;
+    // A short text shared with an equal one met before, so the many repeated values of a file
+    // ("0.0", "rotate") take no memory of their own.
+    QString sharedText(QStringView text);
+
+    std::vector<Node> m_nodes;
+    std::vector<Attribute> m_attributes;
+    std::vector<QString> m_names;
+    QHash<QStringView, quint32> m_nameIndices; // views of m_names' texts
+    std::vector<quint32> m_attributeHints;     // by the attribute's place in its element
+    quint32 m_tagHint = 0;
+    std::unique_ptr<QString[]> m_sharedTexts;
+    quint32 m_root = None;
 };

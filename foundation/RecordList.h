@@ -1,8 +1,7 @@
 #pragma once
-// The record lists of the Overview ("Record lists"): ordered, with an Add, a Delete, a read
-// by index and a count, holding shared references, so that a field written through the
-// record handed out is written in the document. Written once for every list of the three
-// documents.
+// The record lists of the documents: ordered, with an Add, a Delete, a read by index and a
+// count, holding shared references, so that a field written through the record handed out is
+// written in the document. Written once for every list of the three documents.
 
 #include "foundation/Limits.h"
 
@@ -24,16 +23,16 @@ concept IdRecord = requires(Record r)
 
 // How a list numbers its records.
 enum class Numbering {
-    ByPlace, // Parts 2.1, 3.1, 4.1: Add and Delete set an Id to the record's place
-    Kept,    // Part 2.1, animations: the Id refers to the model and never changes
+    ByPlace, // Add and Delete set an Id to the record's place
+    Kept,    // animations: the Id refers to the model and never changes
 };
 
 template <IdRecord Record, Numbering numbering = Numbering::ByPlace> class RecordList {
 public:
     using Pointer = std::shared_ptr<Record>;
 
-    // Part 3.1 AddPuppet: Id becomes the decimal text of the count before it, and the very
-    // object is appended. A null record, or a full list (design 5), is left alone.
+    // Id becomes the decimal text of the count before it, and the very object is appended.
+    // A null record, or a full list, is left alone: no list outgrows what its file can hold.
     void Add(const Pointer& record)
     {
         if (!record || m_records.size() >= Limits::MaxRecords)
@@ -43,8 +42,8 @@ public:
         m_records.append(record);
     }
 
-    // Part 3.1 DeletePuppet: remove place i, then renumber every record behind it to its
-    // new place. Records in front keep their Id. Out of range does nothing (design 7).
+    // Removes record i and renumbers those behind it; records in front keep their Id, so Ids
+    // read from a file survive until a delete reaches them. Out of range does nothing.
     void Delete(qint16 i)
     {
         if (!contains(i))
@@ -56,13 +55,13 @@ public:
         }
     }
 
-    // The record at index, the very object of the list; nullptr out of range (design 7).
+    // The record at index, the very object of the list; nullptr out of range.
     Pointer At(qint16 index) const { return contains(index) ? m_records.at(index) : nullptr; }
 
     qint16 Count() const { return static_cast<qint16>(m_records.size()); }
 
     // A Load's step: appends a record read from a file as it stands, Id untouched.
-    // False when the list already holds the most a 16-bit count allows (design 5).
+    // False when the list already holds the most a 16-bit count allows.
     [[nodiscard]] bool AppendLoaded(const Pointer& record)
     {
         if (m_records.size() >= Limits::MaxRecords)

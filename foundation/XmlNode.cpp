@@ -1,41 +1,65 @@
 #include "foundation/XmlNode.h"
 
-#include <utility>
+#include "foundation/DOMDocument.h"
+#include "foundation/Triple.h"
 
-XmlNode::XmlNode(Kind kind, QString nameOrTarget, QString text)
-    : m_kind(kind), m_name(std::move(nameOrTarget)), m_text(std::move(text))
+XmlNode::Kind XmlNode::kind() const { return m_document->m_nodes[m_index].kind; }
+
+const QString& XmlNode::tagName() const
 {
+    return m_document->m_names[m_document->m_nodes[m_index].name];
 }
 
 std::optional<QString> XmlNode::getAttribute(QStringView name) const
 {
-    for (const XmlAttribute& attribute : m_attributes) {
-        if (attribute.name == name)
-            return attribute.value;
-    }
+    if (const DOMDocument::Attribute* attribute = m_document->findAttribute(m_index, name))
+        return attribute->value;
     return std::nullopt;
 }
 
 bool XmlNode::readAttribute(QStringView name, QString& into) const
 {
-    std::optional<QString> value = getAttribute(name);
-    if (!value)
+    const DOMDocument::Attribute* attribute = m_document->findAttribute(m_index, name);
+    if (!attribute)
         return false;
-    into = std::move(*value);
+    into = attribute->value;
+    return true;
+}
+
+bool XmlNode::readTriple(QStringView name, QString& x, QString& y, QString& z) const
+{
+    const DOMDocument::Attribute* attribute = m_document->findAttribute(m_index, name);
+    QStringView vx, vy, vz;
+    if (!attribute || !SplitTriple(attribute->value, vx, vy, vz))
+        return false;
+    x = m_document->sharedText(vx);
+    y = m_document->sharedText(vy);
+    z = m_document->sharedText(vz);
     return true;
 }
 
 void XmlNode::setAttribute(const QString& name, const QString& value)
 {
-    for (XmlAttribute& attribute : m_attributes) {
-        if (attribute.name == name) {
-            attribute.value = value;
-            return;
-        }
-    }
-    if (m_attributes.isEmpty())
-        m_attributes.reserve(8); // the formats' elements have up to seven
-    m_attributes.append({name, value});
+    DOMDocument& document = *m_document;
+    const quint32 place = document.m_nodes[m_index].attributeCount;
+    if (document.m_attributeHints.size() <= place)
+        document.m_attributeHints.resize(place + 1, 0);
+    document.addAttribute(m_index, document.nameIndex(name, document.m_attributeHints[place]),
+                          value);
 }
 
-XmlNode& XmlNode::appendChild(XmlNode child) { return m_children.emplace_back(std::move(child)); }
+XmlNodeList XmlNode::childNodes() const
+{
+    const DOMDocument::Node& node = m_document->m_nodes[m_index];
+    return XmlNodeList(m_document, node.firstChild, node.childCount);
+}
+
+void XmlNode::appendChild(const XmlNode& child) { m_document->link(m_index, child.m_index); }
+
+XmlNodeList::const_iterator& XmlNodeList::const_iterator::operator++()
+{
+    m_index = m_document->m_nodes[m_index].nextSibling;
+    return *this;
+}
+
+XmlNodeList::const_iterator XmlNodeList::end() const { return {m_document, DOMDocument::None}; }

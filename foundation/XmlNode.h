@@ -1,50 +1,112 @@
 #pragma once
-// Part 1.2: one node of the small tree of the XML document service. It keeps attribute
-// order and every kind of child node that can stand among a root's children.
+// One node of a document of the XML service: a small handle into its document's node table,
+// valid while the document lives. The tree lives in flat tables of the document, so no node
+// owns another and nothing is freed by recursion, however deep the input nests.
 
-#include <QList>
+#include "foundation/Limits.h"
+
 #include <QString>
+#include <QStringView>
 
 #include <optional>
-#include <vector>
 
-struct XmlAttribute {
-    QString name;
-    QString value;
-};
+class DOMDocument;
+class XmlNodeList;
 
 class XmlNode {
 public:
-    enum class Kind { Element, Text, CData, Comment, ProcessingInstruction };
+    // Every kind of node that can stand among an element's children; white space between
+    // elements is no node.
+    enum class Kind : quint8 { Element, Text, CData, Comment, ProcessingInstruction };
 
-    XmlNode(Kind kind, QString nameOrTarget, QString text = {});
+    XmlNode() = default;
 
-    Kind kind() const { return m_kind; }
-    bool isElement() const { return m_kind == Kind::Element; }
+    bool isNull() const { return m_document == nullptr; }
+    Kind kind() const;
+    bool isElement() const { return !isNull() && kind() == Kind::Element; }
 
-    // The element's name; for a processing instruction its target.
-    const QString& tagName() const { return m_name; }
-    // The content of a text, CDATA, comment or processing instruction node.
-    const QString& text() const { return m_text; }
+    // The element's name; for a processing instruction its target; empty for other kinds.
+    const QString& tagName() const;
 
-    // Part 1.2: the text, or Null (std::nullopt) when the attribute is missing; an
-    // attribute present but empty gives an empty string.
+    // The text, or Null (std::nullopt) when the attribute is missing; an attribute present
+    // but empty gives an empty string. Names are compared exactly, with case.
     std::optional<QString> getAttribute(QStringView name) const;
-    // Part 1.2: an attribute read as plain text. False, with `into` left alone, when it is
-    // missing: the Null cannot become a string.
+    // An attribute read as plain text. False, with `into` left alone, when it is missing:
+    // the Null cannot become a string.
     [[nodiscard]] bool readAttribute(QStringView name, QString& into) const;
-    // Adds the attribute behind those already set; a second set of one name replaces
-    // its value in place.
-    void setAttribute(const QString& name, const QString& value);
-    const QList<XmlAttribute>& attributes() const { return m_attributes; }
+    // A coordinate triple read from one attribute into its three texts. False, with the three
+    // left alone, when the attribute is missing or holds fewer than two commas.
+    [[nodiscard]] bool readTriple(QStringView name, QString& x, QString& y, QString& z) const;
 
-    const std::vector<XmlNode>& childNodes() const { return m_children; }
-    XmlNode& appendChild(XmlNode child);
+    // Adds the attribute behind those already set; the file keeps this order. Each save sets
+    // a name once, so nothing is searched.
+    void setAttribute(const QString& name, const QString& value);
+
+    XmlNodeList childNodes() const;
+    // Adds `child`, made by createElement of the same document, behind the others.
+    void appendChild(const XmlNode& child);
 
 private:
-    Kind m_kind;
-    QString m_name;
-    QString m_text;
-    QList<XmlAttribute> m_attributes;
-    std::vector<XmlNode> m_children;
+    friend class DOMDocument;
+    friend class XmlNodeList;
+    XmlNode(DOMDocument* document, quint32 index) : m_document(document), m_index(index) {}
+
+    DOMDocument* m_document = nullptr;
+    quint32 m_index = 0;
 };
+
+// The direct children of a node, in document order: a count and a forward walk.
+class XmlNodeList {
+public:
+    class const_iterator {
+    public:
+        XmlNode operator*() const { return XmlNode(m_document, m_index); }
+        const_iterator& operator++();
+        bool operator!=(const const_iterator& other) const { return m_index != other.m_index; }
+
+    private:
+        friend class XmlNodeList;
+        const_iterator(DOMDocument* document, quint32 index) : m_document(document), m_index(index)
+        {
+        }
+        DOMDocument* m_document;
+        quint32 m_index;
+    };
+
+    qsizetype length() const { return m_length; }
+    const_iterator begin() const { return {m_document, m_first}; }
+    const_iterator end() const;
+
+private:
+    friend class XmlNode;
+    XmlNodeList(DOMDocument* document, quint32 first, qsizetype length)
+        : m_document(document), m_first(first), m_length(length)
+    {
+    }
+    DOMDocument* m_document;
+    quint32 m_first;
+    qsizetype m_length;
+};
+
+// The value of an optional attribute, empty when it is absent.
+inline QString NullToEmpty(const std::optional<QString>& value)
+{
+    return value.value_or(QString());
+}
+
+// How every format reads the children of its root: more than MaxChildNodes of them, or one
+// that is no element (a comment, text, CDATA or processing instruction), fails the load before
+// or where it stands; each element goes to `readChild`, which passes over tags it does not know
+// and gives False to fail the load.
+template <class ReadChild>
+[[nodiscard]] bool ReadChildElements(const XmlNode& root, ReadChild&& readChild)
+{
+    const XmlNodeList children = root.childNodes();
+    if (children.length() > Limits::MaxChildNodes)
+        return false;
+    for (const XmlNode child : children) {
+        if (!child.isElement() || !readChild(child))
+            return false;
+    }
+    return true;
+}

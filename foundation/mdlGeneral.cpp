@@ -11,13 +11,13 @@ QString strCurrentDir;
 
 namespace {
 
-// Design 4.1: the last of either separator splits a path; -1 when there is none.
+// The last of either separator splits a path; -1 when there is none.
 qsizetype lastSeparator(const QString& path)
 {
     return std::max(path.lastIndexOf(u'\\'), path.lastIndexOf(u'/'));
 }
 
-// Part 1.1 steps 3 and 7: a trailing backslash added once.
+// A trailing backslash added once.
 void appendBackslash(QString& text)
 {
     if (!text.isEmpty() && !text.endsWith(u'\\'))
@@ -32,21 +32,20 @@ QString GetFileName(const QString& path) { return path.mid(lastSeparator(path) +
 
 QString MakeRelativePath(const QString& target, const QString& base)
 {
-    // Step 1.
     if (target.isEmpty())
         return {};
 
-    // Step 2, with design 4.1: lower-cased copies whose `/` became `\`.
+    // Everything returned comes from lower-cased copies whose `/` became `\`.
     QString t = target.toLower().replace(u'/', u'\\');
     QString b = base.toLower().replace(u'/', u'\\');
 
-    // Step 3.
+    // Both are treated as rows of directories ending in a backslash.
     appendBackslash(b);
     appendBackslash(t);
 
-    // Step 4, positions from 0 here: the walk runs to one behind the shorter string, where a
-    // position past an end reads as nothing. A difference at the very first position does not
-    // end it (Part 1.1, Left to the implementer), so another drive letter is lost.
+    // The walk runs to one behind the shorter string, where a position past an end reads as
+    // nothing, and remembers the last backslash both share. A difference at the very first
+    // position does not end it, so another drive letter is lost.
     const qsizetype walkEnd = std::min(t.size(), b.size());
     qsizetype shared = 0;
     for (qsizetype i = 0; i <= walkEnd; ++i) {
@@ -58,22 +57,22 @@ QString MakeRelativePath(const QString& target, const QString& base)
             break;
     }
 
-    // Step 5: both start at the last shared backslash, that character included.
+    // Both start at the last shared backslash, that character included.
     t = t.mid(shared);
     b = b.mid(shared);
 
-    // Step 6.
+    // One leading backslash goes.
     if (b.startsWith(u'\\'))
         b.remove(0, 1);
     if (t.startsWith(u'\\'))
         t.remove(0, 1);
 
-    // Step 7: the backslash of step 3 goes again from the target.
+    // The backslash added to the target above goes again.
     appendBackslash(b);
     if (t.endsWith(u'\\'))
         t.chop(1);
 
-    // Steps 8 and 9: one level up for each directory of the base not shared.
+    // One level up for each directory of the base not shared.
     return QStringLiteral("..\\").repeated(b.count(u'\\')) + t;
 }
 
@@ -98,7 +97,7 @@ QString StoredToNative(const QString& stored)
 
 namespace {
 
-// Design 4.5: the entry of `dir` named `component` without regard to case: an exact match
+// The entry of `dir` named `component` without regard to case: an exact match
 // first, then the first by byte order. Empty when there is none.
 QString matchEntry(const QDir& dir, const QString& component)
 {

@@ -1,5 +1,5 @@
 #pragma once
-// Part 2.1: one offered animation of a rig binding document, a plain record of text fields
+// One offered animation of a rig binding document, a plain record of text fields
 // and no operations. Every field starts empty.
 
 #include <QString>
@@ -8,5 +8,5 @@ class clsAnimation {
 public:
     QString Id;   // the animation's index in the model's own list, not its place in this list
     QString Name; // the display name the author gave it
-    QString Anim; // the model's own name for it; never stored (Part 2.2)
+    QString Anim; // the model's own name for it; never stored
 };

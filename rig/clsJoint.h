@@ -1,5 +1,5 @@
 #pragma once
-// Part 2.1: one joint of a rig binding document, a plain record of text fields and no
+// One joint of a rig binding document, a plain record of text fields and no
 // operations. Every field starts empty: no default limit or vector lives in the record.
 
 #include <QString>

@@ -1,5 +1,5 @@
-// Part 2.1: the operations of the rig binding document on its two record lists; RecordList
-// holds the steps. Part 2.2 (Load and Save) lives in clsRBT_format.cpp.
+// The rig binding document's operations on its two record lists; RecordList holds the steps.
+// Load and Save live in clsRBT_format.cpp.
 
 #include "rig/clsRBT.h"
 

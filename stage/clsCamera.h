@@ -1,5 +1,5 @@
 #pragma once
-// Part 3.1: one camera of a stage scene; a plain record of public text fields.
+// One camera of a stage scene; a plain record of public text fields.
 
 #include <QString>
 

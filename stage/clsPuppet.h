@@ -1,12 +1,12 @@
 #pragma once
-// Part 3.1: one puppet of a stage scene; a plain record of public text fields.
+// One puppet of a stage scene; a plain record of public text fields.
 
 #include <QString>
 
 class clsPuppet {
 public:
     QString Id;  // number of the record as text; empty until AddPuppet
-    QString RBT; // resource-relative path of Part 1.1, e.g. "..\rez\bear.rbt"
+    QString RBT; // a path under the run-time's resources, "..\rez\bear.rbt"
     QString PositionX = QStringLiteral("0.0");
     QString PositionY = QStringLiteral("0.0");
     QString PositionZ = QStringLiteral("0.0");

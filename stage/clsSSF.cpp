@@ -1,5 +1,4 @@
-// Part 3.1: the stage scene document. The three lists are alike (Part 3.1 tells each
-// step on the puppet list); RecordList holds the steps once.
+// The stage scene document's three lists are alike; RecordList holds their steps once.
 
 #include "stage/clsSSF.h"
 
@@ -13,7 +12,7 @@ void clsSSF::DeleteSound(qint16 i) { m_sounds.Delete(i); }
 std::shared_ptr<clsSound> clsSSF::Sounds(qint16 index) const { return m_sounds.At(index); }
 qint16 clsSSF::NumSounds() const { return m_sounds.Count(); }
 
-// Part 3.1: DeleteCamera renumbers the cameras behind i and leaves MainCamera alone, so it
+// DeleteCamera renumbers the cameras behind i and leaves MainCamera alone, so it
 // may then name another camera, or none.
 void clsSSF::AddCamera(const std::shared_ptr<clsCamera>& c) { m_cameras.Add(c); }
 void clsSSF::DeleteCamera(qint16 i) { m_cameras.Delete(i); }

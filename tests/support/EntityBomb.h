@@ -1,5 +1,5 @@
 #pragma once
-// A billion laughs for the bad-input tests of every format (design.md 5): a DTD whose entity
+// A billion laughs for the bad-input tests: a DTD whose entity
 // `&l9;` expands to 10^9 characters. Qt's expansion limit makes such a file not well-formed.
 
 #include <QByteArray>

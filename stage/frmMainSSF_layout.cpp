@@ -133,8 +133,12 @@ Frame* tripleFrame(const char* name, const char* caption, const QString& firstTe
                                  QString::fromLatin1(letters[letter++]), frame));
         axis.member = new TextBox(QString::fromLatin1(axis.box), frame);
         axis.member->setText(firstText);
+        // Room for a typical coordinate; longer texts scroll within the box.
+        axis.member->setMaximumWidth(
+            axis.member->fontMetrics().horizontalAdvance(QStringLiteral("-00000.000")) + 12);
         row->addWidget(axis.member, 1);
     }
+    row->addStretch(1);
     return frame;
 }
 

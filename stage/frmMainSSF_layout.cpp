@@ -152,6 +152,8 @@ frmMainSSF::frmMainSSF(DialogService& dialogs, SuiteLinks* links, QWidget* paren
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
     createControls();
     createMenus();
+    // A fixed border: the window keeps the size its layout asks for, menu bar included.
+    QMainWindow::layout()->setSizeConstraint(QLayout::SetFixedSize);
     connectEvents();
     Form_Load();
 }
@@ -178,9 +180,6 @@ void frmMainSSF::createControls()
     Frame2->setEnabled(false);
     Frame8->setEnabled(false);
     Frame1->setEnabled(false);
-
-    // A fixed border: the window keeps the size its layout asks for, menu bar included.
-    layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 
 QWidget* frmMainSSF::createGeneralInformation()

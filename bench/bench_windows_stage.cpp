@@ -1,0 +1,127 @@
+// The stage scene window on a large scene: 10000 puppets, 10000 sounds and 10000 cameras.
+// Targets: opening the scene, from the call to filled lists, under 1 s; adding a record,
+// and typing one character into a record's field, each under 5 ms on that scene.
+// Each measurement ends after the events the step posted have run, paints included.
+
+#include "foundation/controls/CommandButton.h"
+#include "foundation/controls/DialogService.h"
+#include "foundation/controls/ListBox.h"
+#include "foundation/controls/TextBox.h"
+#include "foundation/mdlGeneral.h"
+#include "stage/frmMainSSF.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QTemporaryDir>
+#include <benchmark/benchmark.h>
+
+namespace {
+
+// Answers no dialog; a message would mean the scene did not open.
+class SilentDialogs : public DialogService {
+public:
+    bool ShowOpen(CommonDialog&) override { return false; }
+    bool ShowSave(CommonDialog&) override { return false; }
+    void MsgBox(const QString& text) override { qFatal("%s", qPrintable(text)); }
+    QString InputBox(const QString&, const QString&) override { return {}; }
+};
+
+// The large scene, written once into a temporary directory that becomes the base directory.
+const QString& LargeScene()
+{
+    static QTemporaryDir dir;
+    static const QString name = [] {
+        clsSSF scene;
+        scene.World = QStringLiteral(R"(..\rez\worlds\theatre)");
+        scene.MainCamera = QStringLiteral("9999");
+        for (int i = 0; i < 10000; ++i) {
+            const QString n = QString::number(i);
+            auto puppet = std::make_shared<clsPuppet>();
+            puppet->RBT = QStringLiteral(R"(..\rez\puppet%1.rbt)").arg(n);
+            puppet->PositionX = n;
+            scene.AddPuppet(puppet);
+            auto sound = std::make_shared<clsSound>();
+            sound->Name = QStringLiteral("sound ") + n;
+            sound->TypeSound = i % 2 ? QStringLiteral("dialog") : QStringLiteral("sound");
+            sound->File = QStringLiteral(R"(..\rez\sounds\line%1.wav)").arg(n);
+            scene.AddSound(sound);
+            auto camera = std::make_shared<clsCamera>();
+            camera->Name = QStringLiteral("camera ") + n;
+            camera->PositionY = n;
+            scene.AddCamera(camera);
+        }
+        mdlGeneral::strCurrentDir = dir.path() + u'/';
+        if (!scene.Save(dir.filePath(QStringLiteral("large.ssf"))))
+            qFatal("cannot write the large scene");
+        return QStringLiteral("large.ssf");
+    }();
+    return name;
+}
+
+// The window shown with the large scene open, its puppet page on top.
+struct OpenWindow {
+    SilentDialogs dialogs;
+    frmMainSSF window{dialogs};
+
+    OpenWindow()
+    {
+        window.show();
+        window.OpenSSF(LargeScene());
+        QApplication::processEvents();
+    }
+    template <class T> T* find(const char* name) const
+    {
+        return window.findChild<T*>(QString::fromLatin1(name));
+    }
+};
+
+void BM_OpenLargeScene(benchmark::State& state)
+{
+    OpenWindow open;
+    for (auto _ : state) {
+        open.window.OpenSSF(LargeScene());
+        QApplication::processEvents();
+    }
+    state.counters["rows"] = open.find<ListBox>("lstPuppets")->ListCount() +
+                             open.find<ListBox>("lstSounds")->ListCount() +
+                             open.find<ListBox>("lstCameras")->ListCount();
+}
+BENCHMARK(BM_OpenLargeScene)->Unit(benchmark::kMillisecond);
+
+// "Add puppet..." pressed; a fixed number of presses keeps the scene under its record limit.
+void BM_AddPuppet(benchmark::State& state)
+{
+    OpenWindow open;
+    CommandButton* add = open.find<CommandButton>("Command1");
+    for (auto _ : state) {
+        add->click();
+        QApplication::processEvents();
+    }
+    state.counters["puppets"] = open.window.Document()->NumPuppets();
+}
+BENCHMARK(BM_AddPuppet)->Unit(benchmark::kMillisecond)->Iterations(2000);
+
+// One key typed into the X position of a puppet in the middle of the list: a digit and a
+// Backspace in turn, so the field stays short.
+void BM_TypeIntoPuppetField(benchmark::State& state)
+{
+    OpenWindow open;
+    open.find<ListBox>("lstPuppets")->setListIndex(5000);
+    TextBox* box = open.find<TextBox>("txtPosX");
+    box->setFocus();
+    box->end(false);
+    bool digit = true;
+    for (auto _ : state) {
+        const Qt::Key key = digit ? Qt::Key_1 : Qt::Key_Backspace;
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier,
+                        digit ? QStringLiteral("1") : QString());
+        QApplication::sendEvent(box, &press);
+        QApplication::processEvents();
+        digit = !digit;
+    }
+    if (open.window.Document()->Puppets(5000)->PositionX != box->Text())
+        state.SkipWithError("the field did not reach the record");
+}
+BENCHMARK(BM_TypeIntoPuppetField)->Unit(benchmark::kMillisecond);
+
+} // namespace

@@ -1,0 +1,231 @@
+// The File commands of the stage scene window, its general information and the main camera
+// list. A command that needs a document does nothing while the window has none, and a failed
+// New or open leaves the window with the document it had.
+
+#include "stage/frmMainSSF.h"
+
+#include "foundation/controls/ComboBox.h"
+#include "foundation/controls/CommandButton.h"
+#include "foundation/controls/DialogService.h"
+#include "foundation/controls/Frame.h"
+#include "foundation/controls/ListBox.h"
+#include "foundation/controls/Menu.h"
+#include "foundation/controls/SuiteLinks.h"
+#include "foundation/controls/TextBox.h"
+#include "foundation/mdlGeneral.h"
+
+#include <QCoreApplication>
+#include <QTabWidget>
+
+#include <algorithm>
+
+namespace {
+
+const QString SsfFilter = QStringLiteral("Stage Scene Files (*.ssf)|*.ssf");
+
+// A camera whose Id is no 32-bit integer keeps its Id text in its row of the main camera
+// list under this role, beside the integer ItemData the others carry.
+constexpr int IdTextRole = Qt::UserRole + 1;
+
+} // namespace
+
+void frmMainSSF::connectEvents()
+{
+    connect(txtWorld, &TextBox::Change, this,
+            [this] { writeGeneralField(&clsSSF::World, *txtWorld); });
+    connect(txtNickname, &TextBox::Change, this,
+            [this] { writeGeneralField(&clsSSF::Nickname, *txtNickname); });
+    connect(txtServer, &TextBox::Change, this,
+            [this] { writeGeneralField(&clsSSF::Server, *txtServer); });
+    connect(txtPort, &TextBox::Change, this,
+            [this] { writeGeneralField(&clsSSF::Port, *txtPort); });
+    connect(Command5, &CommandButton::Click, this, &frmMainSSF::Command5_Click);
+    connect(txtMainCamera, &ComboBox::DropDown, this, &frmMainSSF::txtMainCamera_DropDown);
+    connect(txtMainCamera, &ComboBox::Click, this, &frmMainSSF::txtMainCamera_Click);
+    connect(menNewSSF, &Menu::Click, this, &frmMainSSF::menNewSSF_Click);
+    connect(menOpenSSF, &Menu::Click, this, &frmMainSSF::menOpenSSF_Click);
+    connect(menSaveSSF, &Menu::Click, this, &frmMainSSF::menSaveSSF_Click);
+    connect(menExit, &Menu::Click, this, &frmMainSSF::menExit_Click);
+    connect(menRBTEditor, &Menu::Click, this, &frmMainSSF::menRBTEditor_Click);
+    connect(menTSLEditor, &Menu::Click, this, &frmMainSSF::menTSLEditor_Click);
+    connectPuppetPage();
+    connectSoundPage();
+    connectCameraPage();
+}
+
+bool frmMainSSF::OpenSSF(const QString& strFileName)
+{
+    // The file is read into a new document, which replaces the shown one only when the whole
+    // file was read: a failed open keeps the document, its rows and the caption.
+    auto loaded = std::make_unique<clsSSF>();
+    if (!loaded->Load(mdlGeneral::strCurrentDir + strFileName)) {
+        m_dialogs.MsgBox(QStringLiteral("Cannot open the SSF file ") + mdlGeneral::strCurrentDir +
+                         strFileName);
+        return false;
+    }
+    objSSF = std::move(loaded);
+    strCurrentFile = strFileName;
+    RefreshWindow();
+    Frame4->setEnabled(true);
+    SSTab1->setEnabled(true);
+    writeCaption(strCurrentFile);
+    return true;
+}
+
+void frmMainSSF::Form_Load() { strBaseCaption = windowTitle(); }
+
+void frmMainSSF::RefreshWindow()
+{
+    // Each write raises Change, which writes the same text back.
+    txtWorld->setText(objSSF->World);
+    txtNickname->setText(objSSF->Nickname);
+    txtServer->setText(objSSF->Server);
+    txtPort->setText(objSSF->Port);
+
+    // No row is selected afterwards; the detail controls keep what they show.
+    lstPuppets->Clear();
+    for (qint16 index = 0; index < objSSF->NumPuppets(); ++index)
+        lstPuppets->AddItem(PuppetRowText(index));
+    lstSounds->Clear();
+    for (qint16 index = 0; index < objSSF->NumSounds(); ++index)
+        lstSounds->AddItem(SoundRowText(index));
+
+    // The main camera list holds the main camera alone, selected; its Click writes the Id
+    // back. A MainCamera that names no camera leaves the list empty and keeps its text.
+    lstCameras->Clear();
+    txtMainCamera->Clear();
+    for (qint16 index = 0; index < objSSF->NumCameras(); ++index) {
+        lstCameras->AddItem(CameraRowText(index));
+        const std::shared_ptr<clsCamera> camera = objSSF->Cameras(index);
+        if (camera->Id == objSSF->MainCamera && txtMainCamera->ListCount() == 0) {
+            addMainCameraItem(*camera);
+            txtMainCamera->setListIndex(0);
+        }
+    }
+}
+
+void frmMainSSF::FillMainCameraList()
+{
+    txtMainCamera->Clear();
+    if (!objSSF)
+        return;
+    for (qint16 index = 0; index < objSSF->NumCameras(); ++index)
+        addMainCameraItem(*objSSF->Cameras(index));
+}
+
+void frmMainSSF::addMainCameraItem(const clsCamera& camera)
+{
+    txtMainCamera->AddItem(camera.Name);
+    const int row = txtMainCamera->ListCount() - 1;
+    bool isNumber = false;
+    const int id = camera.Id.toInt(&isNumber);
+    if (isNumber)
+        txtMainCamera->setItemData(row, id);
+    else
+        txtMainCamera->QComboBox::setItemData(row, camera.Id, IdTextRole);
+}
+
+void frmMainSSF::txtMainCamera_DropDown() { FillMainCameraList(); }
+
+void frmMainSSF::txtMainCamera_Click()
+{
+    const int row = txtMainCamera->ListIndex();
+    if (row == -1 || !objSSF)
+        return;
+    // A number Id is stored as the decimal text of its integer, any other as it stands.
+    const QVariant idText = txtMainCamera->itemData(row, IdTextRole);
+    objSSF->MainCamera =
+        idText.isValid() ? idText.toString() : QString::number(txtMainCamera->ItemData(row));
+}
+
+void frmMainSSF::writeGeneralField(QString clsSSF::*field, const TextBox& box)
+{
+    if (objSSF)
+        (*objSSF).*field = box.Text();
+}
+
+// --- the File commands ---
+
+void frmMainSSF::menNewSSF_Click()
+{
+    objSSF = std::make_unique<clsSSF>();
+    RefreshWindow();
+    writeCaption(QStringLiteral("<no name>"));
+    strCurrentFile.clear();
+    Frame4->setEnabled(true);
+    SSTab1->setEnabled(true);
+    txtWorld->SetFocus();
+}
+
+void frmMainSSF::menOpenSSF_Click()
+{
+    CommonDialog1.FileName.clear();
+    CommonDialog1.Filter = SsfFilter;
+    CommonDialog1.ShowOpen();
+    // A cancel leaves the FileName just emptied.
+    if (CommonDialog1.FileName.isEmpty())
+        return;
+    // The first file picked sets the base directory of the run; only its bare name goes on,
+    // so a file picked elsewhere is looked for in the base directory all the same.
+    if (mdlGeneral::strCurrentDir.isEmpty())
+        mdlGeneral::strCurrentDir = mdlGeneral::GetDirectory(CommonDialog1.FileName);
+    OpenSSF(mdlGeneral::GetFileName(CommonDialog1.FileName));
+}
+
+void frmMainSSF::menSaveSSF_Click()
+{
+    if (!objSSF)
+        return; // nothing to save, no dialog
+    CommonDialog1.FileName = strCurrentFile;
+    CommonDialog1.Filter = SsfFilter;
+    CommonDialog1.DefaultExt = QStringLiteral(".ssf");
+    const bool chosen = CommonDialog1.ShowSave();
+    CommonDialog1.DefaultExt.clear();
+    if (!chosen || CommonDialog1.FileName.isEmpty())
+        return;
+    // The full path of the dialog; the base directory is not touched.
+    if (objSSF->Save(CommonDialog1.FileName)) {
+        strCurrentFile = mdlGeneral::GetFileName(CommonDialog1.FileName);
+        writeCaption(strCurrentFile);
+    } else {
+        m_dialogs.MsgBox(QStringLiteral("Cannot save SSF file"));
+    }
+}
+
+void frmMainSSF::menExit_Click()
+{
+    // The run ends at once, with no prompt and no save: main returns from the event loop.
+    QCoreApplication::exit(0);
+}
+
+void frmMainSSF::menRBTEditor_Click()
+{
+    if (m_links)
+        m_links->ShowRBTManager();
+}
+
+void frmMainSSF::menTSLEditor_Click()
+{
+    if (m_links)
+        m_links->ShowTSLManager();
+}
+
+void frmMainSSF::Command5_Click()
+{
+    CommonDialog1.FileName.clear();
+    CommonDialog1.Filter = QStringLiteral("LithTech world dat file (*.dat)|*.dat");
+    CommonDialog1.ShowOpen();
+    if (CommonDialog1.FileName.isEmpty())
+        return;
+    // The world always lies under "..\rez\worlds\", named without the last four characters
+    // of the file picked, whatever they are. The base directory is not touched.
+    txtWorld->setText(QStringLiteral("..\\rez\\worlds\\") +
+                      mdlGeneral::GetFileName(CommonDialog1.FileName));
+    const QString world = txtWorld->Text();
+    txtWorld->setText(world.left(std::max<qsizetype>(0, world.size() - 4)));
+}
+
+void frmMainSSF::writeCaption(const QString& name)
+{
+    setWindowTitle(strBaseCaption + QStringLiteral(" - ") + name);
+}

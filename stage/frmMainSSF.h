@@ -1,0 +1,193 @@
+#pragma once
+// `frmMainSSF`, the Stage Scene File Manager: the window in which a `.ssf` stage scene is made
+// and changed. Its files are split by topic:
+//   frmMainSSF.cpp          the File commands, the general information and the main camera
+//   frmMainSSF_layout.cpp   the controls and menus, named and captioned, and their layout
+//   frmMainSSF_pages.cpp    the page mechanism that the three pages share
+//   frmMainSSF_puppets.cpp, frmMainSSF_sounds.cpp, frmMainSSF_cameras.cpp   one page each
+//   frmMainSSF_rows.cpp     the fixed-pitch row texts of the three lists
+
+#include "foundation/controls/CommonDialog.h"
+#include "stage/clsSSF.h"
+
+#include <QMainWindow>
+
+#include <initializer_list>
+#include <memory>
+#include <utility>
+
+class ComboBox;
+class CommandButton;
+class DialogService;
+class Frame;
+class ListBox;
+class Menu;
+class OptionButton;
+class QLabel;
+class QTabWidget;
+class SuiteLinks;
+class TextBox;
+
+class frmMainSSF : public QMainWindow {
+    Q_OBJECT
+
+public:
+    // The standard dialogs go through `dialogs`; `links` reaches the other managers (none:
+    // the Tools entries and the hand-over do nothing). The window keeps both references.
+    explicit frmMainSSF(DialogService& dialogs, SuiteLinks* links = nullptr,
+                        QWidget* parent = nullptr);
+    ~frmMainSSF() override;
+
+    // Opens the file of that bare name in `strCurrentDir` as the window's document. On
+    // failure it shows its own message and keeps the document it had. Never shows the
+    // window. True when the file was opened.
+    bool OpenSSF(const QString& strFileName);
+
+    // The open document, nullptr until the first New or open; the bare name of its file,
+    // empty for a document that has never been saved.
+    const clsSSF* Document() const { return objSSF.get(); }
+    const QString& CurrentFile() const { return strCurrentFile; }
+
+private:
+    // What one page of the tab control is made of: its controls and the document
+    // operations on its kind of record. The page mechanism works on these alone.
+    template <class Record> struct Page {
+        ListBox* List;
+        Frame* DetailFrame;
+        void (clsSSF::*DocumentAdd)(const std::shared_ptr<Record>&);
+        void (clsSSF::*DocumentDelete)(qint16);
+        std::shared_ptr<Record> (clsSSF::*RecordByIndex)(qint16) const;
+        qint16 (clsSSF::*Count)() const;
+        QString (frmMainSSF::*RowText)(qint16) const;
+        void (frmMainSSF::*DetailFill)(qint16);
+    };
+    template <class Record> using FieldBox = std::pair<TextBox*, QString Record::*>;
+
+    // --- layout (frmMainSSF_layout.cpp) ---
+    void createControls();
+    QWidget* createGeneralInformation();
+    QWidget* createPuppetPage();
+    QWidget* createSoundPage();
+    QWidget* createCameraPage();
+    void createMenus();
+    void connectEvents();
+
+    // --- files, general information, main camera (frmMainSSF.cpp) ---
+    void Form_Load();
+    void RefreshWindow();
+    void FillMainCameraList();
+    void menNewSSF_Click();
+    void menOpenSSF_Click();
+    void menSaveSSF_Click();
+    void menExit_Click();
+    void menRBTEditor_Click();
+    void menTSLEditor_Click();
+    void Command5_Click();
+    void txtMainCamera_DropDown();
+    void txtMainCamera_Click();
+    void writeGeneralField(QString clsSSF::*field, const TextBox& box);
+    void addMainCameraItem(const clsCamera& camera);
+    void writeCaption(const QString& name);
+
+    // --- the page mechanism (frmMainSSF_pages.cpp) ---
+    template <class Record>
+    void connectPage(const Page<Record>& page, CommandButton* addButton, Menu* deleteEntry,
+                     std::initializer_list<FieldBox<Record>> fields);
+    template <class Record> void AddRecord(const Page<Record>& page);
+    template <class Record> void SelectRow(const Page<Record>& page);
+    template <class Record>
+    void WriteField(const Page<Record>& page, QString Record::*field, const TextBox& box);
+    template <class Record> void DeleteRow(const Page<Record>& page);
+    template <class Record> void UpdateRow(const Page<Record>& page, qint16 index);
+    // The file dialog of a "..." button; the target box gets the prefix and the bare name.
+    // True when a file was picked.
+    bool ChooseFile(const QString& filter, const QString& prefix, TextBox* target);
+
+    // --- the puppet page (frmMainSSF_puppets.cpp) ---
+    Page<clsPuppet> PuppetPage();
+    void connectPuppetPage();
+    void ShowPuppet(qint16 index);
+    void Command3_Click();
+    void menEditRBT_Click();
+
+    // --- the sound page (frmMainSSF_sounds.cpp) ---
+    Page<clsSound> SoundPage();
+    void connectSoundPage();
+    void ShowSound(qint16 index);
+    void Command2_Click();
+    void chkType_Click();
+
+    // --- the camera page (frmMainSSF_cameras.cpp) ---
+    Page<clsCamera> CameraPage();
+    void connectCameraPage();
+    void ShowCamera(qint16 index);
+
+    // --- row texts (frmMainSSF_rows.cpp) ---
+    QString PuppetRowText(qint16 index) const;
+    QString SoundRowText(qint16 index) const;
+    QString CameraRowText(qint16 index) const;
+
+    // --- state ---
+    DialogService& m_dialogs;
+    SuiteLinks* m_links;
+    CommonDialog CommonDialog1;
+    std::unique_ptr<clsSSF> objSSF; // none until the first New or open
+    QString strBaseCaption;
+    QString strCurrentFile;
+
+    // --- controls, owned by the window through their Qt parents ---
+    Frame* Frame4 = nullptr;
+    TextBox* txtWorld = nullptr;
+    CommandButton* Command5 = nullptr;
+    ComboBox* txtMainCamera = nullptr;
+    TextBox* txtNickname = nullptr;
+    TextBox* txtServer = nullptr;
+    TextBox* txtPort = nullptr;
+    QTabWidget* SSTab1 = nullptr;
+
+    ListBox* lstPuppets = nullptr;
+    CommandButton* Command1 = nullptr;
+    Frame* Frame2 = nullptr;
+    TextBox* txtRBT = nullptr;
+    CommandButton* Command3 = nullptr;
+    TextBox* txtPosX = nullptr;
+    TextBox* txtPosY = nullptr;
+    TextBox* txtPosZ = nullptr;
+    TextBox* txtScaleX = nullptr;
+    TextBox* txtScaleY = nullptr;
+    TextBox* txtScaleZ = nullptr;
+    TextBox* txtOrienX = nullptr;
+    TextBox* txtOrienY = nullptr;
+    TextBox* txtOrienZ = nullptr;
+
+    ListBox* lstSounds = nullptr;
+    CommandButton* Command4 = nullptr;
+    Frame* Frame8 = nullptr;
+    TextBox* txtNameSound = nullptr;
+    TextBox* txtFileSound = nullptr;
+    CommandButton* Command2 = nullptr;
+    OptionButton* chkSound = nullptr;
+    OptionButton* chkDialog = nullptr;
+
+    ListBox* lstCameras = nullptr;
+    CommandButton* Command6 = nullptr;
+    Frame* Frame1 = nullptr;
+    TextBox* txtCamera = nullptr;
+    TextBox* txtPosXCam = nullptr;
+    TextBox* txtPosYCam = nullptr;
+    TextBox* txtPosZCam = nullptr;
+    TextBox* txtOriXCam = nullptr;
+    TextBox* txtOriYCam = nullptr;
+    TextBox* txtOriZCam = nullptr;
+
+    Menu* menNewSSF = nullptr;
+    Menu* menOpenSSF = nullptr;
+    Menu* menSaveSSF = nullptr;
+    Menu* menExit = nullptr;
+    Menu* menDeletePuppet = nullptr;
+    Menu* menEditRBT = nullptr;
+    Menu* menDeleteSound = nullptr;
+    Menu* menDeleteCamera = nullptr;
+    Menu* menRBTEditor = nullptr;
+    Menu* menTSLEditor = nullptr;
+};

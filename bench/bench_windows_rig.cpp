@@ -88,7 +88,15 @@ public:
     }
     ~BigSession() { mdlGeneral::strCurrentDir.clear(); }
 
-    // The file opened, with all four lists filled and no message shown.
+    // The file opened, with all four lists filled and no message shown; a benchmark that
+    // cannot have it is skipped.
+    bool OpenOrSkip(benchmark::State& state)
+    {
+        if (Open())
+            return true;
+        state.SkipWithError("the large binding did not open whole");
+        return false;
+    }
     bool Open()
     {
         const bool opened = m_ready && m_window.OpenRBT(QStringLiteral("big.rbt"));
@@ -118,10 +126,8 @@ void BM_OpenRBT_32767Joints(benchmark::State& state)
 {
     BigSession session;
     for (auto _ : state) {
-        if (!session.Open()) {
-            state.SkipWithError("the large binding did not open whole");
+        if (!session.OpenOrSkip(state))
             break;
-        }
     }
 }
 BENCHMARK(BM_OpenRBT_32767Joints)->Unit(benchmark::kMillisecond);
@@ -129,10 +135,8 @@ BENCHMARK(BM_OpenRBT_32767Joints)->Unit(benchmark::kMillisecond);
 void BM_EnableOneMoreJoint(benchmark::State& state)
 {
     BigSession session;
-    if (!session.Open()) {
-        state.SkipWithError("the large binding did not open whole");
+    if (!session.OpenOrSkip(state))
         return;
-    }
     ListBox* joints = session.list("lstJoints");
     ListBox* nodes = session.list("lstNodes");
     // The document is full: one joint goes, so that one can come.
@@ -164,10 +168,8 @@ BENCHMARK(BM_EnableOneMoreJoint)->Unit(benchmark::kMicrosecond);
 void BM_RenameJoint(benchmark::State& state)
 {
     BigSession session;
-    if (!session.Open()) {
-        state.SkipWithError("the large binding did not open whole");
+    if (!session.OpenOrSkip(state))
         return;
-    }
     ListBox* joints = session.list("lstJoints");
     joints->setListIndex(BigCount / 2);
     for (auto _ : state) {
@@ -182,10 +184,8 @@ BENCHMARK(BM_RenameJoint)->Unit(benchmark::kMicrosecond);
 void BM_TypeOneCharacterIntoALimit(benchmark::State& state)
 {
     BigSession session;
-    if (!session.Open()) {
-        state.SkipWithError("the large binding did not open whole");
+    if (!session.OpenOrSkip(state))
         return;
-    }
     session.list("lstJoints")->setListIndex(BigCount / 2);
     auto* txtMax = session.control<TextBox>("txtMax");
     txtMax->setFocus();

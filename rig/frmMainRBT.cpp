@@ -234,24 +234,24 @@ void frmMainRBT::menTSLEditor_Click()
 
 void frmMainRBT::Command3_Click()
 {
-    if (!objRBT)
-        return; // a texture belongs to a document
-    CommonDialog1.FileName.clear();
-    CommonDialog1.Filter = QStringLiteral("Texture Files (*.dtx)|*.dtx");
-    CommonDialog1.ShowOpen();
-    if (!CommonDialog1.FileName.isEmpty())
-        txtTexture->setText(CommonDialog1.FileName); // Change carries it into the document
+    chooseInto(QStringLiteral("Texture Files (*.dtx)|*.dtx"), *txtTexture);
 }
 
 void frmMainRBT::Command4_Click()
 {
+    chooseInto(QStringLiteral("Bitmap Files (*.bmp)|*.bmp"), *txtBitmap);
+}
+
+void frmMainRBT::chooseInto(const QString& filter, TextBox& box)
+{
     if (!objRBT)
-        return;
+        return; // a texture or bitmap belongs to a document
     CommonDialog1.FileName.clear();
-    CommonDialog1.Filter = QStringLiteral("Bitmap Files (*.bmp)|*.bmp");
+    CommonDialog1.Filter = filter;
     CommonDialog1.ShowOpen();
+    // The box's Change carries the path into the document; a cancel leaves it as it was.
     if (!CommonDialog1.FileName.isEmpty())
-        txtBitmap->setText(CommonDialog1.FileName);
+        box.setText(CommonDialog1.FileName);
 }
 
 void frmMainRBT::txtTexture_Change()

@@ -68,6 +68,8 @@ private:
     void menTSLEditor_Click();
     void Command3_Click();
     void Command4_Click();
+    // Command3 and Command4: a file picked in the open dialog goes into `box`.
+    void chooseInto(const QString& filter, TextBox& box);
     void txtTexture_Change();
     void txtBitmap_Change();
     void writeCaption(const QString& name);

@@ -44,12 +44,13 @@ void narrowChooser(CommandButton* chooser)
     chooser->setFixedWidth(chooser->fontMetrics().horizontalAdvance(QStringLiteral("....")) + 16);
 }
 
-// A list wide enough for a node name with its description, and about a dozen rows high.
+// A list wide enough for a node name with its description, at least `rows` rows high; it
+// takes the whole height of its row of the grid.
 void sizeList(ListBox* list, int rows)
 {
     const QFontMetrics metrics(list->font());
-    list->setFixedSize(metrics.horizontalAdvance(QString(30, u'x')) + 2 * list->frameWidth() + 20,
-                       rows * metrics.height() + 2 * list->frameWidth() + 4);
+    list->setFixedWidth(metrics.horizontalAdvance(QString(30, u'x')) + 2 * list->frameWidth() + 20);
+    list->setMinimumHeight(rows * metrics.height() + 2 * list->frameWidth() + 4);
 }
 
 } // namespace

@@ -32,8 +32,6 @@ frmNewRBT::frmNewRBT(DialogService& dialogs, QWidget* parent)
     Command2 = new CommandButton(QStringLiteral("Command2"), QStringLiteral("OK"), Frame1);
     Command3 = new CommandButton(QStringLiteral("Command3"), QStringLiteral("Cancel"), Frame1);
     // Enter in either box presses OK.
-    Command2->setAutoDefault(false);
-    Command3->setAutoDefault(false);
     Command2->setDefault(true);
 
     auto* grid = new QGridLayout(Frame1);

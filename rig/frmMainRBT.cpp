@@ -15,6 +15,8 @@
 
 #include <QCoreApplication>
 
+#include <utility>
+
 namespace {
 
 const QString RbtFilter = QStringLiteral("Rig Binding Tool Files (*.rbt)|*.rbt");
@@ -61,14 +63,15 @@ void frmMainRBT::FillModelLists()
     // names of an earlier model; the fill stops at the first list the model lacks.
     lstAnims->Clear();
     lstNodes->Clear();
-    for (const LtaNameList* names : {&m_model.strAnimations, &m_model.strNodes}) {
+    const std::pair<const LtaNameList*, ListBox*> fills[] = {{&m_model.strAnimations, lstAnims},
+                                                             {&m_model.strNodes, lstNodes}};
+    for (const auto& [names, list] : fills) {
         if (names->isEmpty()) {
             m_dialogs.MsgBox(ModelMessage(strModelFile) +
                              QStringLiteral(". Try opening the .lta file in ModelEdit and save "
                                             "it from there."));
             return;
         }
-        ListBox* list = names == &m_model.strAnimations ? lstAnims : lstNodes;
         for (qsizetype i = 0; i < names->size(); ++i)
             list->AddItem(names->at(i));
     }

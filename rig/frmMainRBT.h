@@ -1,0 +1,173 @@
+#pragma once
+// `frmMainRBT`, the rig binding manager: the window in which a `.rbt` document is made,
+// opened and saved, and its joints and animations chosen from its model's lists. It holds
+// the logic of its events, by topic: files and general information (frmMainRBT.cpp), joints
+// (frmMainRBT_joints.cpp), animations (frmMainRBT_animations.cpp); its controls and menus
+// are laid out in frmMainRBT_layout.cpp.
+//
+// The model's nodes and animations stand on the left (`lstNodes`, `lstAnims`), what the
+// document enables on the right (`lstJoints`, `lstAnimations`). Row i of an enabled list is
+// record i of its document list, so a list's `ListIndex` is the record index; no other
+// variable says which record is under edit.
+
+#include "foundation/controls/CommonDialog.h"
+#include "rig/LtaScanner.h"
+#include "rig/clsRBT.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+class CheckBox;
+class CommandButton;
+class DialogService;
+class Frame;
+class ListBox;
+class Menu;
+class OptionButton;
+class QLabel;
+class SuiteLinks;
+class TextBox;
+class frmNewRBT;
+
+class frmMainRBT : public QMainWindow {
+    Q_OBJECT
+
+public:
+    // The standard dialogs go through `dialogs`; `links` reaches the other managers (none
+    // leaves the Tools entries without effect). The window keeps both references.
+    explicit frmMainRBT(DialogService& dialogs, SuiteLinks* links = nullptr,
+                        QWidget* parent = nullptr);
+    ~frmMainRBT() override;
+
+    // Opens the file of that bare name in `strCurrentDir` as the window's document; shows
+    // its own message on failure and never shows the window. True when the document opened,
+    // also when its model could not be scanned.
+    bool OpenRBT(const QString& strFileName);
+
+    // The open document, nullptr until the first New or Open; the bare name of its file,
+    // empty for a document that was never saved.
+    const clsRBT* Document() const { return objRBT.get(); }
+    const QString& CurrentFile() const { return strRBTFile; }
+
+private:
+    // --- layout (frmMainRBT_layout.cpp) ---
+    void createControls();
+    void createMenus();
+    void connectEvents();
+
+    // --- files and general information (frmMainRBT.cpp) ---
+    void Form_Load();
+    void FillModelLists();
+    void FillDocument();
+    void menNewRBT_Click();
+    void menOpenRBT_Click();
+    void menSaveRBT_Click();
+    void menExit_Click();
+    void menSFFEditor_Click();
+    void menTSLEditor_Click();
+    void Command3_Click();
+    void Command4_Click();
+    // Command3 and Command4: a file picked in the open dialog goes into `box`.
+    void chooseInto(const QString& filter, TextBox& box);
+    void txtTexture_Change();
+    void txtBitmap_Change();
+    void writeCaption(const QString& name);
+    // The message of an open whose animations do not match the model.
+    void reportModelChanged(const QString& strFileName, const QString& description);
+    // False when one more record would not fit: the list already holds `listCount` records,
+    // its most, or the document as many records as its file can carry.
+    bool roomForOneMore(qint16 listCount) const;
+
+    // The key codes of `KeyDown` that the two enabled lists answer.
+    static constexpr int KeyCodeDelete = 46;
+    static constexpr int KeyCodeF2 = 113;
+
+    // --- joints (frmMainRBT_joints.cpp) ---
+    static QString JointRowText(const clsJoint& joint);
+    std::shared_ptr<clsJoint> SelectedJoint() const;
+    void ShowJoint(qint16 index);
+    void lstNodes_Click();
+    void lstJoints_Click();
+    void lstJoints_KeyDown(int KeyCode);
+    void chkRotate_Click();
+    void chkTranslate_Click();
+    void chkX_Click();
+    void chkY_Click();
+    void chkZ_Click();
+    void txtMin_Change();
+    void txtMax_Change();
+    void Command1_Click();
+    void menRenameJoint_Click();
+    void menDeleteJoint_Click();
+    // chkX, chkY and chkZ Click: the axis component of the selected joint follows its box.
+    void writeVector(QString clsJoint::*component, const CheckBox& box);
+
+    // --- animations (frmMainRBT_animations.cpp) ---
+    static QString AnimationRowText(const clsAnimation& animation);
+    void lstAnimations_KeyDown(int KeyCode);
+    void Command2_Click();
+    void menRenameAnimation_Click();
+    void menDeleteAnimation_Click();
+
+    // --- state ---
+    DialogService& m_dialogs;
+    SuiteLinks* m_links;
+    CommonDialog CommonDialog1;
+    std::unique_ptr<clsRBT> objRBT; // none until the first New or Open
+    QString strTitle;
+    QString strRBTFile;
+    QString strModelFile;
+    // What the last successful scan found: `strAnimations` and `strNodes`.
+    LtaScanner m_model;
+    // Made at the first New; thrown away when refused, so the next New starts empty.
+    std::unique_ptr<frmNewRBT> m_newRBT;
+
+    // --- controls, owned by the window through their Qt parents ---
+    Frame* Frame4 = nullptr;
+    QLabel* Label10 = nullptr;
+    TextBox* txtName = nullptr;
+    QLabel* Label9 = nullptr;
+    TextBox* txtModel = nullptr;
+    QLabel* Label7 = nullptr;
+    TextBox* txtTexture = nullptr;
+    CommandButton* Command3 = nullptr;
+    QLabel* Label8 = nullptr;
+    TextBox* txtBitmap = nullptr;
+    CommandButton* Command4 = nullptr;
+
+    Frame* Frame1 = nullptr;
+    QLabel* Label1 = nullptr;
+    ListBox* lstNodes = nullptr;
+    CommandButton* Command1 = nullptr;
+    QLabel* Label3 = nullptr;
+    ListBox* lstJoints = nullptr;
+    Frame* Frame5 = nullptr;
+    OptionButton* chkRotate = nullptr;
+    OptionButton* chkTranslate = nullptr;
+    Frame* Frame2 = nullptr;
+    QLabel* Label4 = nullptr;
+    TextBox* txtMin = nullptr;
+    QLabel* Label5 = nullptr;
+    TextBox* txtMax = nullptr;
+    Frame* Frame3 = nullptr;
+    CheckBox* chkX = nullptr;
+    CheckBox* chkY = nullptr;
+    CheckBox* chkZ = nullptr;
+    QLabel* Label2 = nullptr;
+    ListBox* lstAnims = nullptr;
+    CommandButton* Command2 = nullptr;
+    QLabel* Label6 = nullptr;
+    ListBox* lstAnimations = nullptr;
+
+    Menu* menNewRBT = nullptr;
+    Menu* menOpenRBT = nullptr;
+    Menu* menSaveRBT = nullptr;
+    Menu* menExit = nullptr;
+    Menu* menRenameJoint = nullptr;
+    Menu* menDeleteJoint = nullptr;
+    Menu* menRenameAnimation = nullptr;
+    Menu* menDeleteAnimation = nullptr;
+    Menu* menSFFEditor = nullptr;
+    Menu* menTSLEditor = nullptr;
+};

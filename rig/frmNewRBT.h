@@ -1,0 +1,54 @@
+#pragma once
+// `frmNewRBT`, the modal dialog that asks for the two things a rig binding cannot be made
+// without: its name and its `.lta` model. It only gathers them; the caller reads `blnOk` and
+// the two text boxes once the dialog has returned.
+//
+// OK hides the dialog, so its boxes keep their text for the next New. Cancel, Escape and
+// the window frame all refuse: `blnOk` becomes False and the caller throws the dialog away,
+// so the next New starts with empty boxes.
+
+#include "foundation/controls/CommonDialog.h"
+
+#include <QDialog>
+
+class CommandButton;
+class DialogService;
+class Frame;
+class QLabel;
+class TextBox;
+
+class frmNewRBT : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit frmNewRBT(DialogService& dialogs, QWidget* parent = nullptr);
+    ~frmNewRBT() override;
+
+    // Shows the dialog modally and returns once it is hidden or refused.
+    void ShowModal();
+
+    // True only after OK, and then with both boxes filled; never reset on showing.
+    bool blnOk = false;
+
+    QString RBTName() const;
+    QString ModelPath() const;
+
+    // Cancel, Escape and the frame's close button all come here.
+    void reject() override;
+
+private:
+    void Command1_Click();
+    void Command2_Click();
+
+    DialogService& m_dialogs;
+    CommonDialog CommonDialog1;
+
+    Frame* Frame1 = nullptr;
+    QLabel* Label2 = nullptr;
+    TextBox* txtRBTName = nullptr;
+    QLabel* Label1 = nullptr;
+    TextBox* txtModel = nullptr;
+    CommandButton* Command1 = nullptr;
+    CommandButton* Command2 = nullptr;
+    CommandButton* Command3 = nullptr;
+};

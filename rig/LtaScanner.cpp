@@ -137,6 +137,55 @@ struct BlockMasks {
     }
 };
 
+// The usual block, in keyframe data, holds no possible start of a match and too few brackets
+// to end the search: passes over such blocks, from p on while 65 characters are at hand,
+// counting their brackets at once, and stops in front of the first other block. A block
+// ending on the pattern's first character is no such block, since whether that one starts a
+// match decides how the next block's first character is taken.
+const char* PassQuietBlocks(const char* p, const char* const end, const QByteArrayView pattern,
+                            const int limit, int& depth)
+{
+#if defined(__SSE2__)
+    const __m128i open = _mm_set1_epi8('(');
+    const __m128i close = _mm_set1_epi8(')');
+    const __m128i first = _mm_set1_epi8(pattern[0]);
+    const __m128i second = _mm_set1_epi8(pattern.size() > 1 ? pattern[1] : 0);
+    const __m128i any = _mm_set1_epi8(pattern.size() > 1 ? 0 : -1);
+    const __m128i zero = _mm_setzero_si128();
+    const auto sum = [](const __m128i counts) {
+        const __m128i sums = _mm_sad_epu8(counts, _mm_setzero_si128());
+        return _mm_cvtsi128_si32(sums) + _mm_cvtsi128_si32(_mm_unpackhi_epi64(sums, sums));
+    };
+    while (end - p > BlockSize && p[BlockSize - 1] != pattern[0]) {
+        __m128i starts = zero;
+        __m128i opens = zero;
+        __m128i closes = zero;
+        for (int i = 0; i < BlockSize; i += 16) {
+            const __m128i chars = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + i));
+            const __m128i next = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + i + 1));
+            const __m128i follows = _mm_or_si128(_mm_cmpeq_epi8(next, second), any);
+            starts = _mm_or_si128(starts, _mm_and_si128(_mm_cmpeq_epi8(chars, first), follows));
+            opens = _mm_sub_epi8(opens, _mm_cmpeq_epi8(chars, open));
+            closes = _mm_sub_epi8(closes, _mm_cmpeq_epi8(chars, close));
+        }
+        if (_mm_movemask_epi8(starts) != 0)
+            break;
+        const int opened = sum(opens);
+        const int closed = sum(closes);
+        if (depth - closed < limit || depth + opened > DepthMax)
+            break;
+        depth += opened - closed;
+        p += BlockSize;
+    }
+#else
+    Q_UNUSED(end);
+    Q_UNUSED(pattern);
+    Q_UNUSED(limit);
+    Q_UNUSED(depth);
+#endif
+    return p;
+}
+
 // How many of the window's characters, taken with no match under way, would change nothing
 // but the depth and could not end the search: the depth they leave is neither below limit
 // nor beyond 16 bits. Their brackets are added to depth. The character behind them may
@@ -148,6 +197,9 @@ qsizetype PassOver(const QByteArrayView window, const QByteArrayView pattern, co
     const char* const end = begin + window.size();
     const char* p = begin;
     while (end - p > BlockSize) {
+        p = PassQuietBlocks(p, end, pattern, limit, depth);
+        if (end - p <= BlockSize)
+            break;
         const BlockMasks block(p, pattern);
         const int plain = block.Plain();
         const quint64 taken = plain == BlockSize ? ~quint64(0) : (quint64(1) << plain) - 1;

@@ -51,7 +51,7 @@ public:
     }
 
     // Back to the first character.
-    void Rewind() { m_pos = 0; }
+    void Rewind() { m_pos = m_windowEnd = 0; }
 
     bool AtEnd() const { return m_pos == m_bytes.size(); }
     char Get() { return m_bytes[m_pos++]; }
@@ -59,9 +59,11 @@ public:
 
     // The characters from the next one to the file's end, or to the end of its window.
     QByteArrayView Rest() const { return m_bytes.sliced(m_pos); }
-    QByteArrayView Window() const
+    QByteArrayView Window()
     {
-        return m_bytes.sliced(m_pos, qMin(m_window - m_pos % m_window, m_bytes.size() - m_pos));
+        if (m_pos >= m_windowEnd)
+            m_windowEnd = m_pos + qMin(m_window - m_pos % m_window, m_bytes.size() - m_pos);
+        return m_bytes.sliced(m_pos, m_windowEnd - m_pos);
     }
 
     // A bracket depth that left 16 bits: the scan fails.
@@ -75,6 +77,7 @@ private:
     QByteArray m_copy;
     QByteArrayView m_bytes;
     qsizetype m_pos = 0;
+    qsizetype m_windowEnd = 0;
     bool m_failed = false;
 };
 
@@ -137,6 +140,69 @@ struct BlockMasks {
     }
 };
 
+// The usual block, in keyframe data, holds no possible start of a match and too few brackets
+// to end the search: passes over such blocks, from p on while 65 characters are at hand,
+// counting their brackets at once, and stops in front of the first other block. A block
+// ending on the pattern's first character is no such block, since whether that one starts a
+// match decides how the next block's first character is taken.
+const char* PassQuietBlocks(const char* p, const char* const end, const QByteArrayView pattern,
+                            const int limit, int& depth)
+{
+#if defined(__SSE2__)
+    const __m128i open = _mm_set1_epi8('(');
+    const __m128i close = _mm_set1_epi8(')');
+    const __m128i first = _mm_set1_epi8(pattern[0]);
+    const __m128i second = _mm_set1_epi8(pattern.size() > 1 ? pattern[1] : 0);
+    const __m128i any = _mm_set1_epi8(pattern.size() > 1 ? 0 : -1);
+    const __m128i zero = _mm_setzero_si128();
+    const auto sum = [](const __m128i counts) {
+        const __m128i sums = _mm_sad_epu8(counts, _mm_setzero_si128());
+        return _mm_cvtsi128_si32(sums) + _mm_cvtsi128_si32(_mm_unpackhi_epi64(sums, sums));
+    };
+    while (end - p > BlockSize && p[BlockSize - 1] != pattern[0]) {
+        __m128i starts = zero;
+        __m128i opens = zero;
+        __m128i closes = zero;
+        for (int i = 0; i < BlockSize; i += 16) {
+            const __m128i chars = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + i));
+            const __m128i next = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + i + 1));
+            const __m128i follows = _mm_or_si128(_mm_cmpeq_epi8(next, second), any);
+            starts = _mm_or_si128(starts, _mm_and_si128(_mm_cmpeq_epi8(chars, first), follows));
+            opens = _mm_sub_epi8(opens, _mm_cmpeq_epi8(chars, open));
+            closes = _mm_sub_epi8(closes, _mm_cmpeq_epi8(chars, close));
+        }
+        if (_mm_movemask_epi8(starts) != 0)
+            break;
+        const int opened = sum(opens);
+        const int closed = sum(closes);
+        if (depth - closed < limit || depth + opened > DepthMax)
+            break;
+        depth += opened - closed;
+        p += BlockSize;
+    }
+#else
+    Q_UNUSED(end);
+    Q_UNUSED(pattern);
+    Q_UNUSED(limit);
+    Q_UNUSED(depth);
+#endif
+    return p;
+}
+
+// Passes over characters one at a time, from p up to end, in front of the first one that
+// may start a match or end the search.
+const char* PassOneByOne(const char* p, const char* const end, const char first, const int limit,
+                         int& depth)
+{
+    for (; p != end && *p != first; ++p) {
+        const int next = depth + int(*p == '(') - int(*p == ')');
+        if (next < limit || next > DepthMax)
+            break;
+        depth = next;
+    }
+    return p;
+}
+
 // How many of the window's characters, taken with no match under way, would change nothing
 // but the depth and could not end the search: the depth they leave is neither below limit
 // nor beyond 16 bits. Their brackets are added to depth. The character behind them may
@@ -146,37 +212,55 @@ qsizetype PassOver(const QByteArrayView window, const QByteArrayView pattern, co
 {
     const char* const begin = window.data();
     const char* const end = begin + window.size();
+    // Inside a list the next character that matters is mostly near (the quote behind
+    // "(name", the next node's entry): the first 16 are looked at before any block.
     const char* p = begin;
+#if defined(__SSE2__)
+    if (end - p >= 16) {
+        const __m128i chars = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+        const __m128i brackets = _mm_or_si128(_mm_cmpeq_epi8(chars, _mm_set1_epi8('(')),
+                                              _mm_cmpeq_epi8(chars, _mm_set1_epi8(')')));
+        const __m128i firsts = _mm_cmpeq_epi8(chars, _mm_set1_epi8(pattern[0]));
+        for (uint near = _mm_movemask_epi8(_mm_or_si128(brackets, firsts)); near != 0;
+             near &= near - 1) {
+            const char* const q = p + qCountTrailingZeroBits(near);
+            if (*q == pattern[0])
+                return q - begin;
+            const int next = depth + (*q == '(' ? 1 : -1);
+            if (next < limit || next > DepthMax)
+                return q - begin;
+            depth = next;
+        }
+        p += 16;
+    }
+#else
+    const char* const near = p + qMin<qsizetype>(16, end - p);
+    p = PassOneByOne(p, near, pattern[0], limit, depth);
+    if (p != near)
+        return p - begin;
+#endif
     while (end - p > BlockSize) {
+        p = PassQuietBlocks(p, end, pattern, limit, depth);
+        if (end - p <= BlockSize)
+            break;
+        // A block with a possible start, or with brackets that may end the search: its
+        // brackets in front of the first possible start are counted one by one.
         const BlockMasks block(p, pattern);
         const int plain = block.Plain();
         const quint64 taken = plain == BlockSize ? ~quint64(0) : (quint64(1) << plain) - 1;
-        const int opens = qPopulationCount(block.open & taken);
-        const int closes = qPopulationCount(block.close & taken);
-        if (depth - closes >= limit && depth + opens <= DepthMax) {
-            // No bracket of these can end the search: all are counted at once.
-            depth += opens - closes;
-        } else {
-            for (quint64 brackets = (block.open | block.close) & taken; brackets != 0;
-                 brackets &= brackets - 1) {
-                const int i = qCountTrailingZeroBits(brackets);
-                const int next = depth + (((block.open >> i) & 1) != 0 ? 1 : -1);
-                if (next < limit || next > DepthMax)
-                    return p + i - begin;
-                depth = next;
-            }
+        for (quint64 brackets = (block.open | block.close) & taken; brackets != 0;
+             brackets &= brackets - 1) {
+            const int i = qCountTrailingZeroBits(brackets);
+            const int next = depth + (((block.open >> i) & 1) != 0 ? 1 : -1);
+            if (next < limit || next > DepthMax)
+                return p + i - begin;
+            depth = next;
         }
         p += plain;
         if (plain < BlockSize)
             return p - begin;
     }
-    for (; p != end && *p != pattern[0]; ++p) {
-        const int next = depth + int(*p == '(') - int(*p == ')');
-        if (next < limit || next > DepthMax)
-            break;
-        depth = next;
-    }
-    return p - begin;
+    return PassOneByOne(p, end, pattern[0], limit, depth) - begin;
 }
 
 } // namespace

@@ -1,6 +1,5 @@
-// The LTA scanner: its cases with the model text inline, the real models, its limits, the
-// files it refuses, and a plain second reading that it must agree with on random texts. Every
-// scan runs at several window sizes and must leave no file open.
+// The LTA scanner: its cases with the model text inline, the real models, its limits, the files
+// it refuses, and a plain second reading that it must agree with on random texts.
 
 #include "rig/LtaScanner.h"
 
@@ -51,9 +50,10 @@ struct PlainScan {
         const qsizetype end = bytes.indexOf(delimiter, pos);
         const QByteArray text = bytes.mid(pos, end < 0 ? -1 : end - pos);
         pos = end < 0 ? bytes.size() : end + 1;
-        if (!text.isValidUtf8())
-            return QString::fromLatin1(text);
-        return QStringDecoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom)(text);
+        const auto utf8 = QStringDecoder::Utf8;
+        return text.isValidUtf8()
+                   ? QStringDecoder(utf8, QStringDecoder::Flag::ConvertInitialBom)(text)
+                   : QString::fromLatin1(text);
     }
     bool Scan()
     {
@@ -119,20 +119,21 @@ class tst_LtaScanner : public QObject {
         return file.fileName();
     }
 
-    // Scans path after the earlier model at every window size; true when all agree with ok.
+    // Scans path, after the earlier model, at every window size: each scan must give ok and
+    // the two lists, and leave no file open.
     void Scan(const QString& path, bool ok, const QStringList& animations, const QStringList& nodes)
     {
         for (const qsizetype size : WindowSizes) {
-            const QByteArray where = "window " + QByteArray::number(size);
             LtaScanner scanner(size);
             const qsizetype open = OpenFiles();
             QVERIFY(scanner.ScanModel(m_earlier));
-            QVERIFY2(scanner.ScanModel(path) == ok, where);
+            const bool result = scanner.ScanModel(path);
             QCOMPARE(OpenFiles(), open);
-            QVERIFY2(scanner.strAnimations == animations,
-                     where + ": " + scanner.strAnimations.toStringList().join('|').toUtf8());
-            QVERIFY2(scanner.strNodes == nodes,
-                     where + ": " + scanner.strNodes.toStringList().join('|').toUtf8());
+            const QString got = scanner.strAnimations.toStringList().join('|') + " / " +
+                                scanner.strNodes.toStringList().join('|');
+            QVERIFY2(result == ok && scanner.strAnimations == animations &&
+                         scanner.strNodes == nodes,
+                     qPrintable(u"window %1: %2, %3"_s.arg(size).arg(result).arg(got)));
         }
     }
 
@@ -164,6 +165,8 @@ private slots:
         QTest::newRow("short texts") << 300 << 60;
         QTest::newRow("long texts") << 30 << 3000; // many blocks of 64, with false starts
         QTest::newRow("binary") << 4 << 0;
+        // A text behind 0 to 299 blanks: its false starts fall on every place of a block.
+        QTest::newRow("hidden patterns at every offset") << 300 << -1;
     }
 
     void agreesWithPlainReading()
@@ -188,7 +191,10 @@ private slots:
                     bytes.replace(random.bounded(bytes.size() - 20), part.size(), part);
                 }
             }
-            for (int i = random.bounded(pieces + 1); i > 0; --i)
+            if (pieces < 0) // clang-format off
+                bytes = QByteArray(round, ' ') + R"m(((anim-binding ((name "a" ("b" (( ((set-node-flags ((("c" 1) (anim-binding ((("d" 1)))))m";
+            // clang-format on
+            for (int i = random.bounded(qMax(pieces, 0) + 1); i > 0; --i)
                 bytes += parts[random.bounded(parts.size())];
             const PlainScan plain{bytes};
             withNames += plain.animations.size() + plain.nodes.size() > 0 ? 1 : 0;
@@ -263,36 +269,27 @@ void tst_LtaScanner::scan_data()
     row("Latin-1 name", "(anim-binding (name \"Gr\xFC\xDF\"))", {u"Grüß"_s}, {});
     row("leading U+FEFF is kept", "(anim-binding (name \"\xEF\xBB\xBFHip\")) (set-node-flags (\"\xEF\xBB\xBF\" 1))", {u"\uFEFFHip"_s}, {u"\uFEFF"_s});
     row("NUL in names", "(set-node-flags (\"Hi\0p\" 1) (\"\0\" 1))"_ba, {}, {QString::fromUtf8("Hi\0p", 4), QString(QChar(0))});
-    // clang-format on
     for (const int count : {32767, 32768, 40000}) {
         const QByteArray n = QByteArray::number(count);
         row(n + " nodes", Model(0, count), {}, Numbered("node", qMin(count, 32767)), count < 32768);
-        row(n + " animations", Model(count, 0), Numbered("anim", qMin(count, 32767)), {},
-            count < 32768);
+        row(n + " animations", Model(count, 0), Numbered("anim", qMin(count, 32767)), {}, count < 32768);
     }
     row("depth 32767", QByteArray(32767, '('), {}, {});
     row("depth 32768", QByteArray(32768, '('), {}, {}, false);
     row("depth ten million", QByteArray(10000000, '('), {}, {}, false);
     // Over 40000 brackets stay open, but no one search counts more than 20003 of them.
     const QByteArray h(20000, '(');
-    row("depth is counted from each search",
-        R"m((set-node-flags (anim-binding (name "a" ("n1" )m" + h +
-            R"m((anim-binding (name "b" ("n2" )m" + h + R"m(("n3" )m",
-        {"a", "b"}, {"n1", "n2", "n3"});
+    row("depth is counted from each search", R"m((set-node-flags (anim-binding (name "a" ("n1" )m" + h + R"m((anim-binding (name "b" ("n2" )m" + h + R"m(("n3" )m", {"a", "b"}, {"n1", "n2", "n3"});
 
-    const QDir models(QStringLiteral(TROUPE_FIXTURES_DIR "/models"));
-    const QStringList joints{"joint1", "joint2", "joint3"};
-    for (const QString& name :
-         QStringList{"anteyes", "antheadnoeyes", "box", "cylinder", "highpolyshere", "lowpolyshere",
-                     "rs_toon_2pass_1texstage_vs", "skinnedthing", "teapot", "wall"}) {
-        QFile file(models.filePath(name + ".lta"));
+    // The sample models: two hold no lists, skinnedthing three joints, the others one.
+    for (const QString name : {"anteyes", "antheadnoeyes", "box", "cylinder", "highpolyshere", "lowpolyshere", "rs_toon_2pass_1texstage_vs", "skinnedthing", "teapot", "wall"}) {
+        QFile file(QStringLiteral(TROUPE_FIXTURES_DIR "/models/") + name + ".lta");
         QVERIFY(file.open(QIODevice::ReadOnly));
-        const bool none = name.startsWith("anteyes") || name.startsWith("rs_toon");
-        row(qPrintable(name), file.readAll(), none ? QStringList() : QStringList{"base_anim"},
-            none                     ? QStringList()
-            : name == "skinnedthing" ? joints
-                                     : QStringList{"joint1"});
+        const bool none = name == "anteyes" || name.startsWith("rs_toon");
+        const QStringList nodes = name == "skinnedthing" ? QStringList{"joint1", "joint2", "joint3"} : QStringList{"joint1"};
+        row(qPrintable(name), file.readAll(), none ? QStringList() : QStringList{"base_anim"}, none ? QStringList() : nodes);
     }
+    // clang-format on
 }
 
 QTEST_GUILESS_MAIN(tst_LtaScanner)

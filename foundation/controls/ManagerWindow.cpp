@@ -23,6 +23,17 @@ public:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
+        switch (event->type()) { // every event of the program passes here: few are looked at
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+        case QEvent::MouseButtonPress:
+        case QEvent::Wheel:
+        case QEvent::WindowDeactivate:
+        case QEvent::Resize:
+            break;
+        default:
+            return false;
+        }
         // Some window managers grant a program's request for a size below the minimum it
         // asked for; the window then asks for its minimum again.
         if (watched == &m_window && event->type() == QEvent::Resize &&

@@ -225,8 +225,6 @@ void frmMainTSL::menRBTEditor_Click()
 
 void frmMainTSL::Command1_Click()
 {
-    if (!objTSL)
-        return;
     // A listing of more scenes would not load again.
     if (!objTSL || objTSL->NumScenes() >= Limits::MaxRecords)
         return;

@@ -4,9 +4,11 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QScreen>
+#include <QTreeView>
 
 namespace {
 
@@ -27,8 +29,15 @@ bool showFileDialog(CommonDialog& dialog, QFileDialog::AcceptMode mode)
     // A bare name is proposed in that folder; a full path opens its own.
     if (!dialog.FileName.isEmpty())
         fileDialog.selectFile(dialog.FileName);
-    // The detail view with its name, size, type and date columns whole, within the screen.
+    // The detail view with its size, type and date columns whole and the rest for the name,
+    // within the screen.
     fileDialog.setViewMode(QFileDialog::Detail);
+    if (auto* view = fileDialog.findChild<QTreeView*>(QStringLiteral("treeView"))) {
+        QHeaderView* header = view->header();
+        header->setStretchLastSection(false);
+        header->setSectionResizeMode(QHeaderView::ResizeToContents);
+        header->setSectionResizeMode(0, QHeaderView::Stretch);
+    }
     QSize size(880, 520);
     if (const QScreen* screen = fileDialog.screen())
         size = size.boundedTo(screen->availableSize());

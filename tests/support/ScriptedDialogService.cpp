@@ -11,44 +11,34 @@ const ScriptedDialogService::Shown& ScriptedDialogService::lastShown() const
     return m_shown.last();
 }
 
-void ScriptedDialogService::reset()
+ScriptedDialogService::Answer ScriptedDialogService::take(bool input)
 {
-    m_answers.clear();
-    m_messages.clear();
-    m_shown.clear();
-}
-
-ScriptedDialogService::Answer ScriptedDialogService::take(Kind kind)
-{
-    QByteArray problem;
-    if (m_answers.isEmpty())
-        problem = "shown with no answer scripted";
-    else if (const Answer answer = m_answers.takeFirst();
-             answer.cancel || (answer.kind == Kind::Input) == (kind == Kind::Input))
-        return answer;
-    else
-        problem = "answered with the wrong kind of answer";
+    const char* problem = "with no answer scripted";
+    if (!m_answers.isEmpty()) {
+        const Answer answer = m_answers.takeFirst();
+        if (answer.cancel || answer.input == input)
+            return answer;
+        problem = "with the wrong kind of answer";
+    }
     const QByteArray message =
-        "ScriptedDialogService: " + QByteArray(kind == Kind::Input ? "InputBox " : "file dialog ") +
-        problem;
+        QByteArray("ScriptedDialogService: ") + (input ? "InputBox " : "file dialog ") + problem;
     qWarning("%s", message.constData());
     QTest::qFail(message.constData(), __FILE__, __LINE__);
-    return {kind, {}, true};
+    return {true, input, {}};
 }
 
 bool ScriptedDialogService::showFile(Kind kind, CommonDialog& dialog)
 {
     m_shown.append(
         {kind, dialog.Filter, dialog.FileName, dialog.DefaultExt, {}, {}, dialog.Folder()});
-    const Answer answer = take(kind);
-    if (answer.cancel)
-        return false;
-    dialog.FileName = answer.text;
-    return true;
+    const Answer answer = take(false);
+    if (!answer.cancel)
+        dialog.FileName = answer.text;
+    return !answer.cancel;
 }
 
 QString ScriptedDialogService::InputBox(const QString& prompt, const QString& defaultText)
 {
     m_shown.append({Kind::Input, {}, {}, {}, prompt, defaultText, {}});
-    return take(Kind::Input).text;
+    return take(true).text;
 }

@@ -1,13 +1,12 @@
 #pragma once
 // A DialogService for window tests: it answers each dialog from a queue that the test fills
-// as a user would answer (a file chosen, a cancel, a text typed), and records every dialog
-// as it was shown and every message. A dialog with no answer left, or with an answer of the
+// as a user would answer (a file chosen, a cancel, a text typed), and records every dialog as
+// it was shown and every message. A dialog with no answer left, or with an answer of the
 // wrong kind, fails the running test and is cancelled.
 
 #include "foundation/controls/DialogService.h"
 
 #include <QList>
-#include <QString>
 #include <QStringList>
 
 class ScriptedDialogService : public DialogService {
@@ -18,31 +17,22 @@ public:
     // `DefaultExt` and the folder it opened in; for an InputBox the prompt and the default.
     struct Shown {
         Kind kind;
-        QString Filter;
-        QString FileName;
-        QString DefaultExt;
-        QString prompt;
-        QString defaultText;
-        QString Folder;
+        QString Filter, FileName, DefaultExt, prompt, defaultText, Folder;
     };
 
     // The next file dialog ends with OK and this `FileName` (a full path, as Qt gives).
-    void answerFile(const QString& fileName) { m_answers.append({Kind::Open, fileName, false}); }
+    void answerFile(const QString& fileName) { m_answers.append({false, false, fileName}); }
     // The next dialog, a file dialog or an InputBox, ends with Cancel.
-    void answerCancel() { m_answers.append({Kind::Open, {}, true}); }
+    void answerCancel() { m_answers.append({true, false, {}}); }
     // The next InputBox ends with OK and this text.
-    void answerInput(const QString& typed) { m_answers.append({Kind::Input, typed, false}); }
+    void answerInput(const QString& typed) { m_answers.append({false, true, typed}); }
 
-    // Every MsgBox text, in order.
-    const QStringList& messages() const { return m_messages; }
-    // Every dialog shown, in order.
-    const QList<Shown>& shown() const { return m_shown; }
-    // The last dialog shown; the program stops when none was.
-    const Shown& lastShown() const;
-    // Answers scripted and not yet used.
-    qsizetype pendingAnswers() const { return m_answers.size(); }
-    // Forgets messages, dialogs shown and answers left, e.g. between steps of a session.
-    void reset();
+    const QStringList& messages() const { return m_messages; } // every MsgBox text, in order
+    const QList<Shown>& shown() const { return m_shown; }      // every dialog shown, in order
+    const Shown& lastShown() const; // the program stops when no dialog was shown
+    qsizetype pendingAnswers() const { return m_answers.size(); } // scripted, not yet used
+    // Forgets messages, dialogs shown, answers left and the folder of the last pick.
+    void reset() { *this = ScriptedDialogService(); }
 
     bool ShowOpen(CommonDialog& dialog) override { return showFile(Kind::Open, dialog); }
     bool ShowSave(CommonDialog& dialog) override { return showFile(Kind::Save, dialog); }
@@ -51,14 +41,14 @@ public:
 
 private:
     struct Answer {
-        Kind kind; // Open stands for a file of either dialog
-        QString text;
         bool cancel;
+        bool input; // typed text for an InputBox, else a file
+        QString text;
     };
 
     bool showFile(Kind kind, CommonDialog& dialog);
-    // The next answer when it fits `kind`; otherwise the test fails and it reads as a cancel.
-    Answer take(Kind kind);
+    // The next answer when it fits; otherwise the test fails and it reads as a cancel.
+    Answer take(bool input);
 
     QList<Answer> m_answers;
     QStringList m_messages;

@@ -1,11 +1,6 @@
 #include "tests/support/WindowDriver.h"
 
-#include "foundation/controls/ComboBox.h"
-#include "foundation/controls/ListBox.h"
-#include "foundation/controls/TextBox.h"
-
 #include <QAbstractButton>
-#include <QAction>
 #include <QtTest>
 
 WindowDriver::WindowDriver(QWidget* window) : m_window(window)
@@ -14,16 +9,6 @@ WindowDriver::WindowDriver(QWidget* window) : m_window(window)
     if (!QTest::qWaitForWindowExposed(m_window))
         qWarning("WindowDriver: the window was not exposed");
 }
-
-void WindowDriver::missing(const QString& name, const char* type)
-{
-    qFatal("WindowDriver: no %s named \"%s\"", type, qPrintable(name));
-}
-
-TextBox* WindowDriver::textBox(const QString& name) const { return find<TextBox>(name); }
-ListBox* WindowDriver::listBox(const QString& name) const { return find<ListBox>(name); }
-ComboBox* WindowDriver::comboBox(const QString& name) const { return find<ComboBox>(name); }
-QAction* WindowDriver::menuEntry(const QString& name) const { return find<QAction>(name); }
 
 void WindowDriver::type(const QString& name, const QString& text)
 {
@@ -48,8 +33,6 @@ void WindowDriver::click(const QString& name)
     QAbstractButton* button = find<QAbstractButton>(name);
     QTest::mouseClick(button, Qt::LeftButton, {}, button->rect().center());
 }
-
-void WindowDriver::trigger(const QString& name) { menuEntry(name)->trigger(); }
 
 void WindowDriver::pickRow(const QString& name, int row)
 {

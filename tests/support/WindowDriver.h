@@ -1,14 +1,13 @@
 #pragma once
-// Drives a window as a user would, finding its controls by their names (objectName):
-// keys typed one by one, mouse clicks on buttons and rows, menu entries chosen, keys pressed
-// on a list. A control that does not exist ends the test program with its name.
+// Drives a window as a user would, finding its controls by their names (objectName): keys
+// typed one by one, mouse clicks on buttons and rows, menu entries chosen, keys pressed on a
+// list. A control that does not exist ends the test program with its name.
 
-#include <QWidget>
+#include "foundation/controls/ComboBox.h"
+#include "foundation/controls/ListBox.h"
+#include "foundation/controls/TextBox.h"
 
-class ComboBox;
-class ListBox;
-class QAction;
-class TextBox;
+#include <QAction>
 
 class WindowDriver {
 public:
@@ -22,13 +21,14 @@ public:
     {
         T* control = m_window->findChild<T*>(name);
         if (!control)
-            missing(name, T::staticMetaObject.className());
+            qFatal("WindowDriver: no %s named \"%s\"", T::staticMetaObject.className(),
+                   qPrintable(name));
         return control;
     }
-    TextBox* textBox(const QString& name) const;
-    ListBox* listBox(const QString& name) const;
-    ComboBox* comboBox(const QString& name) const;
-    QAction* menuEntry(const QString& name) const;
+    TextBox* textBox(const QString& name) const { return find<TextBox>(name); }
+    ListBox* listBox(const QString& name) const { return find<ListBox>(name); }
+    ComboBox* comboBox(const QString& name) const { return find<ComboBox>(name); }
+    QAction* menuEntry(const QString& name) const { return find<QAction>(name); }
 
     // Clicks into the box and types `text` key by key at the end of what it holds.
     void type(const QString& name, const QString& text);
@@ -37,7 +37,7 @@ public:
     // A left click in the middle of a button, check box or option button.
     void click(const QString& name);
     // Chooses a menu entry (nothing happens when it is disabled).
-    void trigger(const QString& name);
+    void trigger(const QString& name) { menuEntry(name)->trigger(); }
     // A left click on row `row` of a list.
     void pickRow(const QString& name, int row);
     // A key pressed and released on a list (or any control).
@@ -46,7 +46,5 @@ public:
     void pickComboRow(const QString& name, int row);
 
 private:
-    [[noreturn]] static void missing(const QString& name, const char* type);
-
     QWidget* m_window;
 };

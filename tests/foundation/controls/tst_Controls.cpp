@@ -5,140 +5,121 @@
 #include "foundation/controls/CommandButton.h"
 #include "foundation/controls/CommonDialog.h"
 #include "foundation/controls/ListBox.h"
-#include "foundation/controls/ManagerWindow.h"
 #include "foundation/controls/OptionButton.h"
-#include "foundation/controls/QtDialogService.h"
 #include "foundation/controls/TextBox.h"
 #include "foundation/mdlGeneral.h"
 #include "tests/support/ScriptedDialogService.h"
+#include "tests/support/WindowDriver.h"
 
 #include <QClipboard>
 #include <QDialog>
-#include <QFileDialog>
-#include <QMainWindow>
-#include <QMenuBar>
 #include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTimer>
 #include <QVBoxLayout>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
 
-// A shown dialog holding the controls of one test, one below the other.
-struct Shown : QDialog {
-    template <class T, class... Caption> T* add(const Caption&... caption)
-    {
-        auto* control = new T(u"c"_s, caption..., this);
-        layout()->addWidget(control);
-        return control;
-    }
-    void showActive()
-    {
-        show();
-        QVERIFY(QTest::qWaitForWindowActive(this));
-    }
-    Shown() { setLayout(new QVBoxLayout); }
-};
-
 class tst_Controls : public QObject {
     Q_OBJECT
 
 private slots:
-    void init() { mdlGeneral::strCurrentDir.clear(); }
+    void init();
     void textBoxDropsControlCharactersTypedOrPastedButNotWrittenByCode();
     void listBoxSelectionStaysUntilClearedRemovedOrWritten();
-    void comboAndOptionButtonsChangeOnlyByAPickOrByCode();
+    void comboAndOptionButtonsChangeByAPickOrByCodeAlone();
     void enterPressesTheFocusedButtonOrOnlyTheDefaultOne();
     void fileDialogsOpenInTheFolderOfTheLastPick();
-    void managerWindowKeepsItsSizeAndOpensMenusFromTheKeyboard();
+
+private:
+    // A dialog with one control of each kind, shown and active, made afresh for each test.
+    std::unique_ptr<QDialog> m_window;
+    TextBox* m_box = nullptr;
+    ListBox* m_list = nullptr;
+    ComboBox* m_combo = nullptr;
+    OptionButton* m_options[2] = {};
+    CommandButton* m_buttons[2] = {};
 };
+
+void tst_Controls::init()
+{
+    mdlGeneral::strCurrentDir.clear();
+    m_window = std::make_unique<QDialog>();
+    auto* layout = new QVBoxLayout(m_window.get());
+    const auto add = [&](auto* control) { return layout->addWidget(control), control; };
+    m_box = add(new TextBox(u"txt"_s));
+    m_list = add(new ListBox(u"lst"_s));
+    m_combo = add(new ComboBox(u"cmb"_s));
+    for (int i = 0; i < 2; ++i) {
+        m_options[i] = add(new OptionButton(u"chk"_s, u"Option"_s));
+        m_buttons[i] = add(new CommandButton(u"Command"_s, u"Button"_s));
+    }
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+}
 
 void tst_Controls::textBoxDropsControlCharactersTypedOrPastedButNotWrittenByCode()
 {
-    Shown shown;
-    TextBox* box = shown.add<TextBox>();
-    shown.showActive();
     QStringList seen;
-    connect(box, &TextBox::Change, box, [&] { seen << box->Text(); });
-    QTest::keyClicks(box, u"ab"_s);
-    QTest::keyClick(box, Qt::Key_Left);
+    connect(m_box, &TextBox::Change, m_box, [&] { seen << m_box->Text(); });
+    m_box->setFocus();
+    QTest::keyClicks(m_box, u"ab"_s);
+    QTest::keyClick(m_box, Qt::Key_Left);
     QGuiApplication::clipboard()->setText(u"1\n2\t3\r\u0001\u001f"_s);
-    QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
-    QTest::keyClicks(box, u"|"_s); // the cursor stands behind what was pasted
+    QTest::keyClick(m_box, Qt::Key_V, Qt::ControlModifier);
+    QTest::keyClicks(m_box, u"|"_s); // the cursor stands behind what was pasted
     QCOMPARE(seen, (QStringList{u"a"_s, u"ab"_s, u"a12\t3b"_s, u"a12\t3|b"_s}));
-    // A write from code holds what it is given, so writing it back changes nothing.
-    box->setText(u"line\nfeed\u0001"_s);
-    QCOMPARE(box->Text(), u"line\nfeed\u0001"_s);
-    // No cut at QLineEdit's 32767; MaxLength holds for the user only.
-    box->setText(QString(40000, u'x'));
-    QCOMPARE(box->Text().size(), 40000);
-    box->setMaxLength(3);
-    box->setText(u"12345"_s);
-    QTest::keyClicks(box, u"6\b\b\ba7"_s);
-    QCOMPARE(box->Text(), u"12a"_s);
+    // A write from code holds what it is given, so writing it back changes nothing; it is
+    // not cut at QLineEdit's 32767 characters, nor at MaxLength, which holds for the user.
+    m_box->setText(u"line\nfeed\u0001"_s);
+    QCOMPARE(m_box->Text(), u"line\nfeed\u0001"_s);
+    m_box->setText(QString(40000, u'x'));
+    QCOMPARE(m_box->Text().size(), 40000);
+    m_box->setMaxLength(3);
+    m_box->setText(u"12345"_s);
+    QTest::keyClicks(m_box, u"6\b\b\ba7"_s);
+    QCOMPARE(m_box->Text(), u"12a"_s);
 }
 
 void tst_Controls::listBoxSelectionStaysUntilClearedRemovedOrWritten()
 {
-    Shown shown;
-    ListBox* list = shown.add<ListBox>();
-    shown.showActive();
-    QSignalSpy click(list, &ListBox::Click);
-    QSignalSpy keyDown(list, &ListBox::KeyDown);
+    QSignalSpy click(m_list, &ListBox::Click);
     for (const QString& row : {u"zero"_s, u"one"_s, u"two"_s})
-        list->AddItem(row);
-    const auto clickAt = [&](int row, Qt::KeyboardModifiers keys = {}) {
-        const QPoint blank(20, list->viewport()->height() - 5);
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, keys,
-                          row < 0 ? blank : list->visualItemRect(list->item(row)).center());
-    };
-    QCOMPARE(list->ListIndex(), -1);
-    clickAt(1);
+        m_list->AddItem(row);
+    WindowDriver ui(m_window.get());
+    ui.pickRow(u"lst"_s, 1);
+    QTest::keyClick(m_list, Qt::Key_Space, Qt::ControlModifier); // Qt would deselect the row
+    QCOMPARE(m_list->ListIndex(), 1);
+    // Removing the selected row leaves none, where Qt selects a neighbour; no Click.
+    m_list->RemoveItem(1);
+    QCOMPARE(m_list->ListIndex(), -1);
     QCOMPARE(click.count(), 1);
-    // Qt would empty the selection on each of these.
-    clickAt(-1);
-    clickAt(1, Qt::ControlModifier);
-    QTest::keyClick(list, Qt::Key_Space, Qt::ControlModifier);
-    QCOMPARE(list->ListIndex(), 1);
-    // Removing the selected row leaves none, where Qt selects a neighbour.
-    list->RemoveItem(1);
-    QCOMPARE(list->ListIndex(), -1);
-    QCOMPARE(click.count(), 1);
-    clickAt(0);
-    list->setListIndex(0); // also for the row already selected
-    list->setListIndex(-1);
+    ui.pickRow(u"lst"_s, 0);
+    m_list->setListIndex(0); // also for the row already selected
+    m_list->setListIndex(-1);
     QCOMPARE(click.count(), 4);
-    keyDown.clear();
-    QTest::keyClick(list, Qt::Key_Delete);
-    QTest::keyClick(list, Qt::Key_F2);
+    QSignalSpy keyDown(m_list, &ListBox::KeyDown);
+    QTest::keyClick(m_list, Qt::Key_Delete);
+    QTest::keyClick(m_list, Qt::Key_F2);
     QCOMPARE(keyDown, (QList<QVariantList>{{46}, {113}}));
 }
 
-void tst_Controls::comboAndOptionButtonsChangeOnlyByAPickOrByCode()
+void tst_Controls::comboAndOptionButtonsChangeByAPickOrByCodeAlone()
 {
-    Shown shown;
-    ComboBox* combo = shown.add<ComboBox>();
-    OptionButton* a = shown.add<OptionButton>(u"a"_s);
-    OptionButton* b = shown.add<OptionButton>(u"b"_s);
-    shown.showActive();
-    QSignalSpy click(combo, &ComboBox::Click);
-    combo->AddItem(u"old"_s); // QComboBox selects the first row added
-    QCOMPARE(combo->ListIndex(), -1);
+    QSignalSpy click(m_combo, &ComboBox::Click);
+    m_combo->AddItem(u"old"_s); // QComboBox selects the first row added
+    QCOMPARE(m_combo->ListIndex(), -1);
     // DropDown comes before the list opens, so its handler can refill the list.
-    connect(combo, &ComboBox::DropDown, combo, [combo] {
-        combo->Clear();
-        combo->AddItem(u"Main"_s);
-        combo->AddItem(u"Side"_s);
-        combo->setItemData(1, 9);
+    connect(m_combo, &ComboBox::DropDown, m_combo, [this] {
+        m_combo->Clear();
+        m_combo->AddItem(u"Main"_s);
+        m_combo->AddItem(u"Side"_s);
+        m_combo->setItemData(1, 9);
     });
-    combo->showPopup();
-    QVERIFY(QTest::qWaitForWindowExposed(combo->view()->window()));
-    combo->view()->setCurrentIndex(combo->view()->model()->index(1, 0));
-    QTest::keyClick(combo->view(), Qt::Key_Return);
+    WindowDriver(m_window.get()).pickComboRow(u"cmb"_s, 1);
     QCOMPARE(click.count(), 1);
-    QCOMPARE(combo->ItemData(combo->ListIndex()), 9);
+    QCOMPARE(m_combo->ItemData(m_combo->ListIndex()), 9);
 
+    const auto [a, b] = m_options;
     QSignalSpy clickA(a, &OptionButton::Click);
     a->setValue(true);
     a->setValue(false); // Qt keeps the checked button of an exclusive set on
@@ -151,21 +132,15 @@ void tst_Controls::comboAndOptionButtonsChangeOnlyByAPickOrByCode()
 
 void tst_Controls::enterPressesTheFocusedButtonOrOnlyTheDefaultOne()
 {
-    Shown shown;
-    TextBox* box = shown.add<TextBox>();
-    CommandButton* first = shown.add<CommandButton>(u"OK"_s);
-    CommandButton* second = shown.add<CommandButton>(u"Add scene..."_s);
-    shown.showActive();
+    const auto [first, second] = m_buttons;
     QSignalSpy clickFirst(first, &CommandButton::Click);
     QSignalSpy clickSecond(second, &CommandButton::Click);
     second->setFocus();
     QTest::keyClick(second, Qt::Key_Return);
-    QCOMPARE(clickSecond.count(), 1);
-    // Qt would press the button focused last from a text box in a dialog.
-    box->setFocus();
-    QTest::keyClick(box, Qt::Key_Return);
+    m_box->setFocus(); // Qt would press the button focused last
+    QTest::keyClick(m_box, Qt::Key_Return);
     first->setDefault(true);
-    QTest::keyClick(box, Qt::Key_Enter, Qt::KeypadModifier);
+    QTest::keyClick(m_box, Qt::Key_Enter, Qt::KeypadModifier);
     QCOMPARE(clickFirst.count(), 1);
     QCOMPARE(clickSecond.count(), 1);
 }
@@ -185,65 +160,6 @@ void tst_Controls::fileDialogsOpenInTheFolderOfTheLastPick()
     QCOMPARE(other.Folder(), u"/shows/scenes/"_s);
     QCOMPARE(CommonDialog::QtFilter(u"Pictures|*.bmp;*.dtx|All (*.*)|*.*"_s),
              u"Pictures (*.bmp *.dtx);;All (*.*)"_s);
-
-    // The real dialog proposes a bare name in that folder, with room for its columns.
-    QTemporaryDir dir;
-    mdlGeneral::strCurrentDir = QDir::toNativeSeparators(dir.path() + u'/');
-    QtDialogService real;
-    CommonDialog dialog(real);
-    dialog.FileName = u"opening.tsl"_s;
-    QString folder;
-    int width = 0;
-    QTimer user; // finds the dialog once it is up and takes the name with Enter
-    int ticks = 0;
-    connect(&user, &QTimer::timeout, this, [&] {
-        auto* shown = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (shown && !shown->isActiveWindow() && ++ticks < 250)
-            return;
-        user.stop();
-        QVERIFY(shown && shown->isActiveWindow());
-        folder = shown->directory().absolutePath();
-        width = shown->width();
-        QTest::keyClick(shown->focusWidget(), Qt::Key_Return);
-    });
-    user.start(20);
-    QVERIFY(dialog.ShowSave());
-    QCOMPARE(folder, dir.path());
-    QVERIFY(width >= 800);
-    QCOMPARE(dialog.FileName, QDir::toNativeSeparators(dir.filePath(u"opening.tsl"_s)));
-}
-
-void tst_Controls::managerWindowKeepsItsSizeAndOpensMenusFromTheKeyboard()
-{
-    QMainWindow window;
-    QMenu* file = window.menuBar()->addMenu(u"File"_s);
-    file->addAction(u"New"_s);
-    QMenu* scene = window.menuBar()->addMenu(u"Scene"_s);
-    auto* box = new TextBox(u"txtTitle"_s, &window);
-    window.setCentralWidget(box);
-    ManagerWindow::SetUp(window, QSize(500, 400));
-    window.show();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-    window.resize(200, 150);
-    QCOMPARE(window.size(), QSize(500, 400));
-
-    box->setFocus();
-    const auto opened = [&] {
-        const bool visible = file->isVisible();
-        file->hide();
-        return visible;
-    };
-    QTest::keyClick(box, Qt::Key_F10);
-    QVERIFY(opened());
-    QTest::keyClick(box, Qt::Key_Alt);
-    QVERIFY(opened());
-    QTest::keyPress(box, Qt::Key_Alt); // Alt held for another key
-    QTest::keyClick(box, Qt::Key_X, Qt::AltModifier);
-    QTest::keyRelease(box, Qt::Key_Alt);
-    QVERIFY(!opened());
-    QTest::keyClick(box, Qt::Key_F10);
-    QTest::keyClick(file, Qt::Key_Right);
-    QVERIFY(scene->isVisible());
 }
 
 QTEST_MAIN(tst_Controls)

@@ -5,6 +5,8 @@
 
 #include "rig/frmMainRBT.h"
 
+#include "foundation/controls/ManagerWindow.h"
+
 #include "foundation/Limits.h"
 #include "foundation/controls/DialogService.h"
 #include "foundation/controls/ListBox.h"
@@ -48,6 +50,7 @@ frmMainRBT::frmMainRBT(DialogService& dialogs, SuiteLinks* links, QWidget* paren
     createMenus();
     connectEvents();
     setFixedSize(sizeHint());
+    ManagerWindow::SetUp(*this, size());
     Form_Load();
 }
 

@@ -6,6 +6,7 @@
 #include "foundation/controls/CommandButton.h"
 #include "foundation/controls/Frame.h"
 #include "foundation/controls/ListBox.h"
+#include "foundation/controls/ManagerWindow.h"
 #include "foundation/controls/Menu.h"
 #include "foundation/controls/OptionButton.h"
 #include "foundation/controls/TextBox.h"
@@ -21,25 +22,6 @@
 #include <QVBoxLayout>
 
 namespace {
-
-// A fixed-pitch list whose rows are rewritten as the user types. Qt's list view lays out
-// every row again, and repaints all it shows, on any change of an item; its rows here all
-// have one height, so a changed row is only painted again, and typing costs the same on a
-// list of ten rows as on one of ten thousand.
-class RowList : public ListBox {
-public:
-    using ListBox::ListBox;
-
-protected:
-    void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
-                     const QList<int>& roles) override
-    {
-        if (topLeft == bottomRight && uniformItemSizes())
-            QAbstractItemView::dataChanged(topLeft, bottomRight, roles);
-        else
-            ListBox::dataChanged(topLeft, bottomRight, roles);
-    }
-};
 
 QLabel* makeLabel(const QString& name, const QString& caption, QWidget* parent)
 {
@@ -155,6 +137,7 @@ frmMainSSF::frmMainSSF(DialogService& dialogs, SuiteLinks* links, QWidget* paren
     // A fixed border: the window keeps the size its layout asks for, menu bar included.
     QMainWindow::layout()->setSizeConstraint(QLayout::SetFixedSize);
     connectEvents();
+    ManagerWindow::SetUp(*this, sizeHint());
     Form_Load();
 }
 
@@ -211,7 +194,7 @@ QWidget* frmMainSSF::createGeneralInformation()
 QWidget* frmMainSSF::createPuppetPage()
 {
     auto* page = new QWidget(this);
-    lstPuppets = new RowList(QStringLiteral("lstPuppets"), page);
+    lstPuppets = new ListBox(QStringLiteral("lstPuppets"), page);
     lstPuppets->setFixedPitch();
     QHBoxLayout* heads = columnHeads(lstPuppets,
                                      {{"Label9", "RBT File", 1},
@@ -256,7 +239,7 @@ QWidget* frmMainSSF::createPuppetPage()
 QWidget* frmMainSSF::createSoundPage()
 {
     auto* page = new QWidget(this);
-    lstSounds = new RowList(QStringLiteral("lstSounds"), page);
+    lstSounds = new ListBox(QStringLiteral("lstSounds"), page);
     lstSounds->setFixedPitch();
     QHBoxLayout* heads = columnHeads(
         lstSounds, {{"Label20", "Name", 1}, {"Label19", "File", 28}, {"Label22", "Type", 66}},
@@ -291,7 +274,7 @@ QWidget* frmMainSSF::createSoundPage()
 QWidget* frmMainSSF::createCameraPage()
 {
     auto* page = new QWidget(this);
-    lstCameras = new RowList(QStringLiteral("lstCameras"), page);
+    lstCameras = new ListBox(QStringLiteral("lstCameras"), page);
     lstCameras->setFixedPitch();
     QHBoxLayout* heads = columnHeads(
         lstCameras,

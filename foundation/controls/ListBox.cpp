@@ -14,6 +14,16 @@ ListBox::ListBox(const QString& name, QWidget* parent) : QListWidget(parent)
     connect(this, &QListWidget::itemSelectionChanged, this, &ListBox::selectionChangedByQt);
 }
 
+void ListBox::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                          const QList<int>& roles)
+{
+    // Rows share one height, so a changed text moves no other row.
+    if (topLeft == bottomRight)
+        QAbstractItemView::dataChanged(topLeft, bottomRight, roles);
+    else
+        QListWidget::dataChanged(topLeft, bottomRight, roles);
+}
+
 void ListBox::AddItem(const QString& text)
 {
     // A change of ours raises no Click through the Qt selection signals.

@@ -51,6 +51,10 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                          const QEvent* event) const override;
+    // A row whose text changes is repainted alone: QListView lays out every row again on any
+    // change, which makes typing into a record cost as much as the list is long.
+    void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                     const QList<int>& roles) override;
 
 private:
     void selectionChangedByQt();

@@ -18,6 +18,19 @@
 
 namespace {
 
+// Equal texts, without a call: names and short values are a few characters long.
+bool sameText(const QString& known, QStringView text)
+{
+    if (known.size() != text.size())
+        return false;
+    const QChar* const k = known.constData();
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (k[i] != text[i])
+            return false;
+    }
+    return true;
+}
+
 // Opens a regular file of at most Limits::MaxFileBytes for reading. A FIFO, a device or a
 // socket fails at once: opened without blocking and looked at before a byte is read, so a
 // FIFO without a writer cannot hang the load, nor /dev/zero fill the memory.
@@ -114,6 +127,10 @@ bool DOMDocument::load(const QString& path)
     QFile file(mdlGeneral::ResolveFileCase(path));
     if (!openRegularFile(file))
         return false;
+    // Room for as many nodes and attributes as a file of this size may hold: never-used room
+    // takes no memory, and tables that never move leave no old copy behind at the peak.
+    m_nodes.reserve(size_t(file.size() / 32));
+    m_attributes.reserve(size_t(file.size() / 8));
     // The reader takes the file in blocks, so the whole text is never held at once.
     QXmlStreamReader reader(&file);
     return parse(reader);
@@ -213,7 +230,7 @@ void DOMDocument::link(quint32 parent, quint32 child)
 
 quint32 DOMDocument::nameIndex(QStringView name, quint32& hint)
 {
-    if (hint < m_names.size() && m_names[hint] == name)
+    if (hint < m_names.size() && sameText(m_names[hint], name))
         return hint;
     const auto known = m_nameIndices.constFind(name);
     if (known != m_nameIndices.cend()) {
@@ -248,7 +265,7 @@ const DOMDocument::Attribute* DOMDocument::findAttribute(quint32 node, QStringVi
     const Attribute* const first = m_attributes.data() + element.firstAttribute;
     for (const Attribute* attribute = first; attribute != first + element.attributeCount;
          ++attribute) {
-        if (m_names[attribute->name] == name)
+        if (sameText(m_names[attribute->name], name))
             return attribute;
     }
     return nullptr;
@@ -264,8 +281,11 @@ QString DOMDocument::sharedText(QStringView text)
         return text.toString();
     if (!m_sharedTexts)
         m_sharedTexts = std::make_unique<QString[]>(slotCount);
-    QString& shared = m_sharedTexts[qHash(text) & (slotCount - 1)];
-    if (shared != text)
+    size_t hash = size_t(text.size());
+    for (const QChar c : text)
+        hash = hash * 31 + c.unicode();
+    QString& shared = m_sharedTexts[(hash ^ (hash >> 9)) & (slotCount - 1)];
+    if (!sameText(shared, text))
         shared = text.toString();
     return shared;
 }

@@ -118,6 +118,7 @@ void DOMDocument::clear()
 {
     m_nodes.clear();
     m_attributes.clear();
+    m_texts.clear();
     m_root = None;
 }
 
@@ -131,6 +132,7 @@ bool DOMDocument::load(const QString& path)
     // takes no memory, and tables that never move leave no old copy behind at the peak.
     m_nodes.reserve(size_t(file.size() / 32));
     m_attributes.reserve(size_t(file.size() / 8));
+    m_texts.reserve(size_t(file.size()));
     // The reader takes the file in blocks, so the whole text is never held at once.
     QXmlStreamReader reader(&file);
     return parse(reader);
@@ -168,7 +170,7 @@ bool DOMDocument::parse(QXmlStreamReader& reader)
             for (qsizetype i = 0; i < attributes.size(); ++i) {
                 const QXmlStreamAttribute& attribute = attributes[i];
                 addAttribute(element, nameIndex(attribute.qualifiedName(), m_attributeHints[i]),
-                             sharedText(attribute.value()));
+                             attribute.value());
             }
             break;
         }
@@ -244,7 +246,7 @@ quint32 DOMDocument::nameIndex(QStringView name, quint32& hint)
     return hint;
 }
 
-void DOMDocument::addAttribute(quint32 node, quint32 name, QString value)
+void DOMDocument::addAttribute(quint32 node, quint32 name, QStringView value)
 {
     Node& element = m_nodes[node];
     // An element's attributes stand together. Set on an element whose attributes another
@@ -255,8 +257,14 @@ void DOMDocument::addAttribute(quint32 node, quint32 name, QString value)
             m_attributes.push_back(m_attributes[element.firstAttribute + i]);
         element.firstAttribute = first;
     }
-    m_attributes.push_back({name, std::move(value)});
+    m_attributes.push_back({name, quint32(m_texts.size()), quint32(value.size())});
+    m_texts.insert(m_texts.end(), value.utf16(), value.utf16() + value.size());
     ++element.attributeCount;
+}
+
+QStringView DOMDocument::valueOf(const Attribute& attribute) const
+{
+    return QStringView(m_texts.data() + attribute.offset, qsizetype(attribute.length));
 }
 
 const DOMDocument::Attribute* DOMDocument::findAttribute(quint32 node, QStringView name) const
@@ -317,7 +325,7 @@ std::optional<QByteArray> DOMDocument::toByteArray() const
             out += u' ';
             out += m_names[attribute.name];
             out += u"=\"";
-            if (!appendEscaped(out, attribute.value))
+            if (!appendEscaped(out, valueOf(attribute)))
                 return std::nullopt;
             out += u'"';
         }

@@ -128,8 +128,9 @@ bool DOMDocument::load(const QString& path)
     QFile file(mdlGeneral::ResolveFileCase(path));
     if (!openRegularFile(file))
         return false;
-    // Room for as many nodes and attributes as a file of this size may hold: never-used room
-    // takes no memory, and tables that never move leave no old copy behind at the peak.
+    // Room for the nodes and attributes a file of this size holds at most in the suite's own
+    // formats: room never used takes no memory, and tables that need not move leave no old
+    // copy behind at the peak.
     m_nodes.reserve(size_t(file.size() / 32));
     m_attributes.reserve(size_t(file.size() / 8));
     m_texts.reserve(size_t(file.size()));

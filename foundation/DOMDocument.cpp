@@ -316,6 +316,12 @@ std::optional<QByteArray> DOMDocument::toByteArray() const
     QString out;
     // Elements whose end tag is still to come, innermost last: a list, not a recursion.
     std::vector<quint32> open;
+    // Only elements are written: the other kinds come from reading alone.
+    const auto firstElement = [this](quint32 index) {
+        while (index != None && m_nodes[index].kind != XmlNode::Kind::Element)
+            index = m_nodes[index].nextSibling;
+        return index;
+    };
     quint32 current = m_root;
     for (;;) {
         const Node& node = m_nodes[current];
@@ -330,10 +336,7 @@ std::optional<QByteArray> DOMDocument::toByteArray() const
                 return std::nullopt;
             out += u'"';
         }
-        // Only elements are written: the other kinds come from reading alone.
-        quint32 next = node.firstChild;
-        while (next != None && m_nodes[next].kind != XmlNode::Kind::Element)
-            next = m_nodes[next].nextSibling;
+        quint32 next = firstElement(node.firstChild);
         if (next != None) {
             out += u'>';
             open.push_back(current);
@@ -341,13 +344,9 @@ std::optional<QByteArray> DOMDocument::toByteArray() const
             continue;
         }
         out += u"/>";
-        // On to the next element behind this one, closing those that end here.
-        for (;;) {
-            next = current == m_root ? None : m_nodes[current].nextSibling;
-            while (next != None && m_nodes[next].kind != XmlNode::Kind::Element)
-                next = m_nodes[next].nextSibling;
-            if (next != None)
-                break;
+        // On to the next element behind this one, closing those that end here. The root
+        // has no siblings.
+        while ((next = firstElement(m_nodes[current].nextSibling)) == None) {
             if (open.empty())
                 return out.toUtf8();
             current = open.back();

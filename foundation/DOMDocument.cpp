@@ -18,6 +18,19 @@
 
 namespace {
 
+// Equal texts, without a call: names and short values are a few characters long.
+bool sameText(const QString& known, QStringView text)
+{
+    if (known.size() != text.size())
+        return false;
+    const QChar* const k = known.constData();
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (k[i] != text[i])
+            return false;
+    }
+    return true;
+}
+
 // Opens a regular file of at most Limits::MaxFileBytes for reading. A FIFO, a device or a
 // socket fails at once: opened without blocking and looked at before a byte is read, so a
 // FIFO without a writer cannot hang the load, nor /dev/zero fill the memory.
@@ -105,6 +118,7 @@ void DOMDocument::clear()
 {
     m_nodes.clear();
     m_attributes.clear();
+    m_texts.clear();
     m_root = None;
 }
 
@@ -114,6 +128,12 @@ bool DOMDocument::load(const QString& path)
     QFile file(mdlGeneral::ResolveFileCase(path));
     if (!openRegularFile(file))
         return false;
+    // Room for the nodes and attributes a file of this size holds at most in the suite's own
+    // formats: room never used takes no memory, and tables that need not move leave no old
+    // copy behind at the peak.
+    m_nodes.reserve(size_t(file.size() / 32));
+    m_attributes.reserve(size_t(file.size() / 8));
+    m_texts.reserve(size_t(file.size()));
     // The reader takes the file in blocks, so the whole text is never held at once.
     QXmlStreamReader reader(&file);
     return parse(reader);
@@ -151,7 +171,7 @@ bool DOMDocument::parse(QXmlStreamReader& reader)
             for (qsizetype i = 0; i < attributes.size(); ++i) {
                 const QXmlStreamAttribute& attribute = attributes[i];
                 addAttribute(element, nameIndex(attribute.qualifiedName(), m_attributeHints[i]),
-                             sharedText(attribute.value()));
+                             attribute.value());
             }
             break;
         }
@@ -213,7 +233,7 @@ void DOMDocument::link(quint32 parent, quint32 child)
 
 quint32 DOMDocument::nameIndex(QStringView name, quint32& hint)
 {
-    if (hint < m_names.size() && m_names[hint] == name)
+    if (hint < m_names.size() && sameText(m_names[hint], name))
         return hint;
     const auto known = m_nameIndices.constFind(name);
     if (known != m_nameIndices.cend()) {
@@ -227,7 +247,7 @@ quint32 DOMDocument::nameIndex(QStringView name, quint32& hint)
     return hint;
 }
 
-void DOMDocument::addAttribute(quint32 node, quint32 name, QString value)
+void DOMDocument::addAttribute(quint32 node, quint32 name, QStringView value)
 {
     Node& element = m_nodes[node];
     // An element's attributes stand together. Set on an element whose attributes another
@@ -238,8 +258,14 @@ void DOMDocument::addAttribute(quint32 node, quint32 name, QString value)
             m_attributes.push_back(m_attributes[element.firstAttribute + i]);
         element.firstAttribute = first;
     }
-    m_attributes.push_back({name, std::move(value)});
+    m_attributes.push_back({name, quint32(m_texts.size()), quint32(value.size())});
+    m_texts.insert(m_texts.end(), value.utf16(), value.utf16() + value.size());
     ++element.attributeCount;
+}
+
+QStringView DOMDocument::valueOf(const Attribute& attribute) const
+{
+    return QStringView(m_texts.data() + attribute.offset, qsizetype(attribute.length));
 }
 
 const DOMDocument::Attribute* DOMDocument::findAttribute(quint32 node, QStringView name) const
@@ -248,7 +274,7 @@ const DOMDocument::Attribute* DOMDocument::findAttribute(quint32 node, QStringVi
     const Attribute* const first = m_attributes.data() + element.firstAttribute;
     for (const Attribute* attribute = first; attribute != first + element.attributeCount;
          ++attribute) {
-        if (m_names[attribute->name] == name)
+        if (sameText(m_names[attribute->name], name))
             return attribute;
     }
     return nullptr;
@@ -264,8 +290,11 @@ QString DOMDocument::sharedText(QStringView text)
         return text.toString();
     if (!m_sharedTexts)
         m_sharedTexts = std::make_unique<QString[]>(slotCount);
-    QString& shared = m_sharedTexts[qHash(text) & (slotCount - 1)];
-    if (shared != text)
+    size_t hash = size_t(text.size());
+    for (const QChar c : text)
+        hash = hash * 31 + c.unicode();
+    QString& shared = m_sharedTexts[(hash ^ (hash >> 9)) & (slotCount - 1)];
+    if (!sameText(shared, text))
         shared = text.toString();
     return shared;
 }
@@ -287,6 +316,12 @@ std::optional<QByteArray> DOMDocument::toByteArray() const
     QString out;
     // Elements whose end tag is still to come, innermost last: a list, not a recursion.
     std::vector<quint32> open;
+    // Only elements are written: the other kinds come from reading alone.
+    const auto firstElement = [this](quint32 index) {
+        while (index != None && m_nodes[index].kind != XmlNode::Kind::Element)
+            index = m_nodes[index].nextSibling;
+        return index;
+    };
     quint32 current = m_root;
     for (;;) {
         const Node& node = m_nodes[current];
@@ -297,14 +332,11 @@ std::optional<QByteArray> DOMDocument::toByteArray() const
             out += u' ';
             out += m_names[attribute.name];
             out += u"=\"";
-            if (!appendEscaped(out, attribute.value))
+            if (!appendEscaped(out, valueOf(attribute)))
                 return std::nullopt;
             out += u'"';
         }
-        // Only elements are written: the other kinds come from reading alone.
-        quint32 next = node.firstChild;
-        while (next != None && m_nodes[next].kind != XmlNode::Kind::Element)
-            next = m_nodes[next].nextSibling;
+        quint32 next = firstElement(node.firstChild);
         if (next != None) {
             out += u'>';
             open.push_back(current);
@@ -312,13 +344,9 @@ std::optional<QByteArray> DOMDocument::toByteArray() const
             continue;
         }
         out += u"/>";
-        // On to the next element behind this one, closing those that end here.
-        for (;;) {
-            next = current == m_root ? None : m_nodes[current].nextSibling;
-            while (next != None && m_nodes[next].kind != XmlNode::Kind::Element)
-                next = m_nodes[next].nextSibling;
-            if (next != None)
-                break;
+        // On to the next element behind this one, closing those that end here. The root
+        // has no siblings.
+        while ((next = firstElement(m_nodes[current].nextSibling)) == None) {
             if (open.empty())
                 return out.toUtf8();
             current = open.back();

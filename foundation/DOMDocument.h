@@ -60,9 +60,12 @@ private:
         quint32 childCount = 0;
         XmlNode::Kind kind = XmlNode::Kind::Element;
     };
+    // An attribute's value is a piece of m_texts: no string is made for it until a document
+    // reads it into a field.
     struct Attribute {
         quint32 name; // index into m_names
-        QString value;
+        quint32 offset;
+        quint32 length;
     };
 
     void clear();
@@ -72,7 +75,8 @@ private:
     // The index of a tag or attribute name, tried first against the name last seen at the
     // same place, so the repeated elements of a file cost no search.
     quint32 nameIndex(QStringView name, quint32& hint);
-    void addAttribute(quint32 node, quint32 name, QString value);
+    void addAttribute(quint32 node, quint32 name, QStringView value);
+    QStringView valueOf(const Attribute& attribute) const;
     const Attribute* findAttribute(quint32 node, QStringView name) const;
     // A short text shared with an equal one met before, so the many repeated values of a file
     // ("0.0", "rotate") take no memory of their own.
@@ -80,6 +84,7 @@ private:
 
     std::vector<Node> m_nodes;
     std::vector<Attribute> m_attributes;
+    std::vector<char16_t> m_texts; // the attribute values, one behind the other
     std::vector<QString> m_names;
     QHash<QStringView, quint32> m_nameIndices; // views of m_names' texts
     std::vector<quint32> m_attributeHints;     // by the attribute's place in its element

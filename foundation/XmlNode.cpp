@@ -13,7 +13,7 @@ const QString& XmlNode::tagName() const
 std::optional<QString> XmlNode::getAttribute(QStringView name) const
 {
     if (const DOMDocument::Attribute* attribute = m_document->findAttribute(m_index, name))
-        return attribute->value;
+        return m_document->sharedText(m_document->valueOf(*attribute));
     return std::nullopt;
 }
 
@@ -22,7 +22,7 @@ bool XmlNode::readAttribute(QStringView name, QString& into) const
     const DOMDocument::Attribute* attribute = m_document->findAttribute(m_index, name);
     if (!attribute)
         return false;
-    into = attribute->value;
+    into = m_document->sharedText(m_document->valueOf(*attribute));
     return true;
 }
 
@@ -30,7 +30,7 @@ bool XmlNode::readTriple(QStringView name, QString& x, QString& y, QString& z) c
 {
     const DOMDocument::Attribute* attribute = m_document->findAttribute(m_index, name);
     QStringView vx, vy, vz;
-    if (!attribute || !SplitTriple(attribute->value, vx, vy, vz))
+    if (!attribute || !SplitTriple(m_document->valueOf(*attribute), vx, vy, vz))
         return false;
     x = m_document->sharedText(vx);
     y = m_document->sharedText(vy);

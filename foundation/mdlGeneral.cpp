@@ -84,9 +84,19 @@ QString DoubleBackslashes(const QString& text)
 
 QString UndoubleBackslashes(const QString& text)
 {
-    // QString::replace works left to right without overlap: "\\\" becomes "\\".
-    QString single = text;
-    return single.replace(QStringLiteral("\\\\"), QStringLiteral("\\"));
+    // Left to right without overlap: three backslashes become two. A text without a pair is
+    // handed back shared, without a copy.
+    if (!text.contains(u"\\\\"))
+        return text;
+    QString single(text.size(), Qt::Uninitialized);
+    QChar* out = single.data();
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        *out++ = text[i];
+        if (text[i] == u'\\' && i + 1 < text.size() && text[i + 1] == u'\\')
+            ++i;
+    }
+    single.truncate(out - single.constData());
+    return single;
 }
 
 QString StoredToNative(const QString& stored)

@@ -1,6 +1,4 @@
-// The example show: every file loads, every rig's model scans and offers what the binding
-// names, every file saves back byte for byte, and the listing leads to every scene and the
-// scenes to every rig binding of the folder.
+// The example show opens whole: from the listing to every scene and every rig binding.
 
 #include "foundation/mdlGeneral.h"
 #include "rig/LtaScanner.h"
@@ -15,94 +13,66 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QByteArray contents(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-// Saving what was loaded gives the file back: the example is written as Troupe writes.
-template <class Document> void savesBackUnchanged(const Document& doc, const QString& path)
-{
-    QTemporaryDir dir;
-    const QString copy = dir.filePath(u"copy"_s);
-    QVERIFY(doc.Save(copy));
-    QCOMPARE(contents(copy), contents(path));
-}
-
-} // namespace
-
 class tst_examples : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        m_dir = QDir(QStringLiteral(TROUPE_EXAMPLES_DIR));
-        // The folder is the base folder, as after opening any of its files.
-        mdlGeneral::strCurrentDir = QDir::toNativeSeparators(m_dir.absolutePath() + u'/');
-    }
-
     void everyFileOpensAndTheListingReachesAll()
     {
+        // The folder is the base folder, as after opening any of its files.
+        mdlGeneral::strCurrentDir = QDir::toNativeSeparators(m_dir.absolutePath() + u'/');
         clsTSL show;
-        const QStringList listings = m_dir.entryList({u"*.tsl"_s});
-        QCOMPARE(listings.size(), 1);
-        QVERIFY(show.Load(m_dir.filePath(listings[0])));
-        savesBackUnchanged(show, m_dir.filePath(listings[0]));
-        QCOMPARE(show.NumScenes(), 3);
-
+        QVERIFY(opens(show, u"midnight.tsl"_s));
         QSet<QString> scenes, rigs;
         for (qint16 i = 0; i < show.NumScenes(); ++i) {
-            const QString name = mdlGeneral::GetFileName(show.Scenes(i)->SSF);
-            QVERIFY2(m_dir.exists(name), qPrintable(name));
-            scenes << name;
             clsSSF scene;
-            QVERIFY2(scene.Load(m_dir.filePath(name)), qPrintable(name));
-            savesBackUnchanged(scene, m_dir.filePath(name));
+            const QString name = mdlGeneral::GetFileName(show.Scenes(i)->SSF);
+            QVERIFY2(opens(scene, name), qPrintable(name));
+            scenes << name;
             QVERIFY(scene.NumPuppets() > 0 && scene.NumSounds() > 0 && scene.NumCameras() > 0);
             for (qint16 p = 0; p < scene.NumPuppets(); ++p)
                 rigs << mdlGeneral::GetFileName(scene.Puppets(p)->RBT);
         }
         QCOMPARE(scenes, files(u"*.ssf"_s));
         QCOMPARE(rigs, files(u"*.rbt"_s));
-        for (const QString& name : rigs)
-            rigOpensWithItsModel(name);
+
+        // As the rig binding manager opens a rig: the model's lists are not empty, every
+        // animation Id is an index into the model's animations and every joint drives a node.
+        for (const QString& name : rigs) {
+            clsRBT rig;
+            QVERIFY2(opens(rig, name), qPrintable(name));
+            LtaScanner scanner;
+            QVERIFY(scanner.ScanModel(rig.Model.chopped(1) + u'a'));
+            QVERIFY(rig.NumJoints() > 0 && rig.NumAnimations() > 0 && !scanner.strNodes.isEmpty());
+            bool number = false; // each Id a number below the count
+            for (qint16 a = 0; a < rig.NumAnimations(); ++a)
+                QVERIFY(rig.Animations(a)->Id.toUInt(&number) < scanner.strAnimations.size() &&
+                        number);
+            for (qint16 j = 0; j < rig.NumJoints(); ++j)
+                QVERIFY2(scanner.strNodes.toStringList().contains(rig.Joints(j)->Node),
+                         qPrintable(name));
+        }
     }
 
 private:
+    // Loads, and saving what was loaded gives the file back: written as Troupe writes.
+    template <class Document> bool opens(Document& doc, const QString& name) const
+    {
+        QTemporaryDir dir;
+        QFile original(m_dir.filePath(name)), copy(dir.filePath(name));
+        if (!doc.Load(original.fileName()) || !doc.Save(copy.fileName()))
+            return false;
+        return original.open(QIODevice::ReadOnly) && copy.open(QIODevice::ReadOnly) &&
+               original.readAll() == copy.readAll();
+    }
+
     QSet<QString> files(const QString& pattern) const
     {
         const QStringList names = m_dir.entryList({pattern});
         return {names.begin(), names.end()};
     }
 
-    // As the rig binding manager opens it: the model's lists are not empty, every animation
-    // Id is an index into the model's animations and every joint drives a node of the model.
-    void rigOpensWithItsModel(const QString& name)
-    {
-        clsRBT rig;
-        QVERIFY2(rig.Load(m_dir.filePath(name)), qPrintable(name));
-        savesBackUnchanged(rig, m_dir.filePath(name));
-        LtaScanner scanner;
-        QString lta = rig.Model;
-        lta.back() = u'a';
-        QVERIFY2(scanner.ScanModel(lta), qPrintable(lta));
-        QVERIFY(!scanner.strAnimations.isEmpty() && !scanner.strNodes.isEmpty());
-        QVERIFY(rig.NumJoints() > 0 && rig.NumAnimations() > 0);
-        for (qint16 a = 0; a < rig.NumAnimations(); ++a) {
-            bool number = false;
-            const int id = rig.Animations(a)->Id.toInt(&number);
-            QVERIFY(number && id >= 0 && id < scanner.strAnimations.size());
-        }
-        const QStringList nodes = scanner.strNodes.toStringList();
-        for (qint16 j = 0; j < rig.NumJoints(); ++j)
-            QVERIFY2(nodes.contains(rig.Joints(j)->Node), qPrintable(name));
-    }
-
-    QDir m_dir;
+    const QDir m_dir{QStringLiteral(TROUPE_EXAMPLES_DIR)};
 };
 
 QTEST_GUILESS_MAIN(tst_examples)

@@ -21,10 +21,12 @@ install(FILES ${TROUPE_PACKAGING_DIR}/${TROUPE_APP_ID}.svg
 # triggers run update-mime-database and update-desktop-database after the install.
 install(FILES ${TROUPE_PACKAGING_DIR}/${TROUPE_APP_ID}.xml
         DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
+# The example show is data the program opens, so it is no documentation that a minimal
+# system may leave out.
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/
-        DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/troupe/examples)
 install(FILES ${PROJECT_SOURCE_DIR}/docs/guide.md ${PROJECT_SOURCE_DIR}/docs/formats.md
-        DESTINATION ${CMAKE_INSTALL_DOCDIR})
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/troupe)
 
 set(CPACK_PACKAGE_NAME troupe)
 set(CPACK_PACKAGE_VENDOR "Troupe")

@@ -1,11 +1,13 @@
-// The suite: managers made once, shown again as they were; files given on the command line.
+// The suite: hand-overs and Tools entries across the managers; files on the command line.
 
 #include "app/Suite.h"
+#include "foundation/controls/ListBox.h"
 #include "foundation/mdlGeneral.h"
 #include "rig/frmMainRBT.h"
 #include "show/frmMainTSL.h"
 #include "stage/frmMainSSF.h"
 #include "tests/support/ScriptedDialogService.h"
+#include "tests/support/WindowDriver.h"
 
 #include <QApplication>
 #include <QTemporaryDir>
@@ -41,24 +43,31 @@ class tst_Suite : public QObject {
 private slots:
     void init() { mdlGeneral::strCurrentDir.clear(); }
 
-    void managersAreMadeOnceAndShownAsTheyWere()
+    // From a listing to a scene to a puppet's rig binding; a Tools entry shows a closed manager.
+    void aShowFromItsListingToAPuppetsRigBinding()
     {
-        Suite suite(std::make_unique<ScriptedDialogService>());
-        mdlGeneral::strCurrentDir = Examples;
-        suite.EditSSF(u"act1.ssf"_s);
+        auto scripted = std::make_unique<ScriptedDialogService>();
+        const ScriptedDialogService& dialogs = *scripted;
+        Suite suite(std::move(scripted));
+        QVERIFY(suite.OpenFiles({Examples + u"midnight.tsl"_s}).isEmpty());
+        WindowDriver show(shown<frmMainTSL>());
+        show.pickRow(u"lstScenes"_s, 0);
+        show.trigger(u"menEditSSF"_s);
         QCOMPARE(state<frmMainSSF>(), u"act1.ssf"_s);
         frmMainSSF* ssf = shown<frmMainSSF>();
         const clsSSF* scene = ssf->Document();
-        ssf->close(); // by the frame: hidden, not gone
-        QVERIFY(!ssf->isVisible());
-        suite.ShowSSFManager();
-        suite.EditSSF(std::nullopt);
+        WindowDriver stage(ssf);
+        stage.pickRow(u"lstPuppets"_s, 1);
+        stage.trigger(u"menEditRBT"_s);
+        QCOMPARE(state<frmMainRBT>(), u"dancer.rbt"_s);
+        WindowDriver rig(shown<frmMainRBT>());
+        QCOMPARE(rig.listBox(u"lstAnimations"_s)->List(0), u"Sway (base_anim)"_s);
+
+        ssf->close(); // by the frame
+        rig.trigger(u"menSFFEditor"_s);
         QCOMPARE(shown<frmMainSSF>(), ssf);
         QCOMPARE(ssf->Document(), scene);
-        suite.EditRBT(u"dancer.rbt"_s);
-        suite.ShowRBTManager();
-        QCOMPARE(state<frmMainRBT>(), u"dancer.rbt"_s);
-        QCOMPARE(state<frmMainTSL>(), u"none"_s);
+        QCOMPARE(dialogs.messages(), QStringList());
     }
 
     void filesOnTheCommandLine_data()
@@ -93,9 +102,10 @@ private slots:
         Suite suite(std::make_unique<ScriptedDialogService>());
 
         const QStringList failures = suite.OpenFiles(paths(files));
-        QCOMPARE(failures.size(), paths(failing).size());
-        for (qsizetype i = 0; i < failures.size(); ++i)
-            QVERIFY2(failures[i].startsWith(paths(failing)[i] + u": "_s), qPrintable(failures[i]));
+        QStringList named; // each failure begins with the path it names
+        for (const QString& failure : failures)
+            named << failure.section(u": "_s, 0, 0);
+        QCOMPARE(named, paths(failing));
         QCOMPARE(QStringList({state<frmMainRBT>(), state<frmMainSSF>(), state<frmMainTSL>()}),
                  managers.split(u' '));
     }

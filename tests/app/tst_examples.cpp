@@ -19,7 +19,6 @@ class tst_examples : public QObject {
 private slots:
     void everyFileOpensAndTheListingReachesAll()
     {
-        // The folder is the base folder, as after opening any of its files.
         mdlGeneral::strCurrentDir = QDir::toNativeSeparators(m_dir.absolutePath() + u'/');
         clsTSL show;
         QVERIFY(opens(show, u"midnight.tsl"_s));
@@ -33,11 +32,12 @@ private slots:
             for (qint16 p = 0; p < scene.NumPuppets(); ++p)
                 rigs << mdlGeneral::GetFileName(scene.Puppets(p)->RBT);
         }
-        QCOMPARE(scenes, files(u"*.ssf"_s));
-        QCOMPARE(rigs, files(u"*.rbt"_s));
+        const QStringList ssfs = m_dir.entryList({u"*.ssf"_s}),
+                          rbts = m_dir.entryList({u"*.rbt"_s});
+        QCOMPARE(scenes, QSet<QString>(ssfs.begin(), ssfs.end()));
+        QCOMPARE(rigs, QSet<QString>(rbts.begin(), rbts.end()));
 
-        // As the rig binding manager opens a rig: the model's lists are not empty, every
-        // animation Id is an index into the model's animations and every joint drives a node.
+        // As the rig binding manager opens them: each animation Id indexes the model's list.
         for (const QString& name : rigs) {
             clsRBT rig;
             QVERIFY2(opens(rig, name), qPrintable(name));
@@ -48,9 +48,6 @@ private slots:
             for (qint16 a = 0; a < rig.NumAnimations(); ++a)
                 QVERIFY(rig.Animations(a)->Id.toUInt(&number) < scanner.strAnimations.size() &&
                         number);
-            for (qint16 j = 0; j < rig.NumJoints(); ++j)
-                QVERIFY2(scanner.strNodes.toStringList().contains(rig.Joints(j)->Node),
-                         qPrintable(name));
         }
     }
 
@@ -64,12 +61,6 @@ private:
             return false;
         return original.open(QIODevice::ReadOnly) && copy.open(QIODevice::ReadOnly) &&
                original.readAll() == copy.readAll();
-    }
-
-    QSet<QString> files(const QString& pattern) const
-    {
-        const QStringList names = m_dir.entryList({pattern});
-        return {names.begin(), names.end()};
     }
 
     const QDir m_dir{QStringLiteral(TROUPE_EXAMPLES_DIR)};

@@ -1,0 +1,57 @@
+#pragma once
+// The suite: the three manager windows of one process and the links between them. Each
+// manager is made by the first command that needs it and exists at most once; the windows
+// reach each other only through this object, so no window folder includes another.
+
+#include "foundation/controls/DialogService.h"
+#include "foundation/controls/SuiteLinks.h"
+
+#include <QStringList>
+
+#include <memory>
+
+class frmMainRBT;
+class frmMainSSF;
+class frmMainTSL;
+class QWidget;
+
+class Suite : public SuiteLinks {
+public:
+    // The windows show their standard dialogs through `dialogs`; the program gives the real
+    // ones (the default), a test a scripted service.
+    explicit Suite(std::unique_ptr<DialogService> dialogs = nullptr);
+    ~Suite() override;
+    Suite(const Suite&) = delete;
+    Suite& operator=(const Suite&) = delete;
+
+    // The start of a run without files: the rig binding manager, with no document.
+    void Start();
+
+    // Opens each file in the manager of its extension as if it had been picked in that
+    // manager's Open dialog, and shows that manager. Gives one line for each file that did
+    // not open, naming it and why; the others open all the same. Where no manager was shown
+    // (only unknown files), the suite starts as without files.
+    QStringList OpenFiles(const QStringList& paths);
+
+    void ShowRBTManager() override;
+    void ShowSSFManager() override;
+    void ShowTSLManager() override;
+    void EditRBT(const std::optional<QString>& strFileName) override;
+    void EditSSF(const std::optional<QString>& strFileName) override;
+
+private:
+    frmMainRBT& RBTManager();
+    frmMainSSF& SSFManager();
+    frmMainTSL& TSLManager();
+    // Why the file of that full path did not open in its manager.
+    QString OpenFile(const QString& path);
+
+    static void ShowManager(QWidget& window);
+
+    // The dialogs outlive the windows that hold a reference to them: members are destroyed
+    // in reverse order.
+    std::unique_ptr<DialogService> m_dialogs;
+    std::unique_ptr<frmMainRBT> m_rbt;
+    std::unique_ptr<frmMainSSF> m_ssf;
+    std::unique_ptr<frmMainTSL> m_tsl;
+};

@@ -1,0 +1,70 @@
+// The example show opens whole: from the listing to every scene and every rig binding.
+
+#include "foundation/mdlGeneral.h"
+#include "rig/LtaScanner.h"
+#include "rig/clsRBT.h"
+#include "show/clsTSL.h"
+#include "stage/clsSSF.h"
+
+#include <QDir>
+#include <QSet>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class tst_examples : public QObject {
+    Q_OBJECT
+
+private slots:
+    void everyFileOpensAndTheListingReachesAll()
+    {
+        mdlGeneral::strCurrentDir = QDir::toNativeSeparators(m_dir.absolutePath() + u'/');
+        clsTSL show;
+        QVERIFY(opens(show, u"midnight.tsl"_s));
+        QSet<QString> scenes, rigs;
+        for (qint16 i = 0; i < show.NumScenes(); ++i) {
+            clsSSF scene;
+            const QString name = mdlGeneral::GetFileName(show.Scenes(i)->SSF);
+            QVERIFY2(opens(scene, name), qPrintable(name));
+            scenes << name;
+            QVERIFY(scene.NumPuppets() > 0 && scene.NumSounds() > 0 && scene.NumCameras() > 0);
+            for (qint16 p = 0; p < scene.NumPuppets(); ++p)
+                rigs << mdlGeneral::GetFileName(scene.Puppets(p)->RBT);
+        }
+        const QStringList ssfs = m_dir.entryList({u"*.ssf"_s}),
+                          rbts = m_dir.entryList({u"*.rbt"_s});
+        QCOMPARE(scenes, QSet<QString>(ssfs.begin(), ssfs.end()));
+        QCOMPARE(rigs, QSet<QString>(rbts.begin(), rbts.end()));
+
+        // As the rig binding manager opens them: each animation Id indexes the model's list.
+        for (const QString& name : rigs) {
+            clsRBT rig;
+            QVERIFY2(opens(rig, name), qPrintable(name));
+            LtaScanner scanner;
+            QVERIFY(scanner.ScanModel(rig.Model.chopped(1) + u'a'));
+            QVERIFY(rig.NumJoints() > 0 && rig.NumAnimations() > 0 && !scanner.strNodes.isEmpty());
+            bool number = false; // each Id a number below the count
+            for (qint16 a = 0; a < rig.NumAnimations(); ++a)
+                QVERIFY(rig.Animations(a)->Id.toUInt(&number) < scanner.strAnimations.size() &&
+                        number);
+        }
+    }
+
+private:
+    // Loads, and saving what was loaded gives the file back: written as Troupe writes.
+    template <class Document> bool opens(Document& doc, const QString& name) const
+    {
+        QTemporaryDir dir;
+        QFile original(m_dir.filePath(name)), copy(dir.filePath(name));
+        if (!doc.Load(original.fileName()) || !doc.Save(copy.fileName()))
+            return false;
+        return original.open(QIODevice::ReadOnly) && copy.open(QIODevice::ReadOnly) &&
+               original.readAll() == copy.readAll();
+    }
+
+    const QDir m_dir{QStringLiteral(TROUPE_EXAMPLES_DIR)};
+};
+
+QTEST_GUILESS_MAIN(tst_examples)
+#include "tst_examples.moc"

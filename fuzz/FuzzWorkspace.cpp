@@ -70,9 +70,25 @@ void FuzzExpectSame(const QStringList& first, const QStringList& second, const c
                           .arg(firstText.toHtmlEscaped(), secondText.toHtmlEscaped()));
 }
 
+namespace {
+
+// The bytes as text, with every byte outside printable ASCII shown as \xNN.
+QString Printable(const QByteArray& bytes)
+{
+    QString text;
+    for (const char c : bytes) {
+        const auto byte = static_cast<unsigned char>(c);
+        text += byte >= 0x20 && byte < 0x7f
+                    ? QString(QLatin1Char(c))
+                    : QStringLiteral("\\x%1").arg(byte, 2, 16, QLatin1Char('0'));
+    }
+    return text;
+}
+
+} // namespace
+
 void FuzzExpectSame(const QByteArray& first, const QByteArray& second, const char* what)
 {
     if (first != second)
-        FuzzFailure(what, QString::fromUtf8(first.toPercentEncoding(" <>=\"/") + "\n" +
-                                            second.toPercentEncoding(" <>=\"/")));
+        FuzzFailure(what, Printable(first) + QLatin1Char('\n') + Printable(second));
 }

@@ -22,6 +22,8 @@ namespace {
 // The user a save runs as where root must be kept from writing into the directory.
 constexpr uid_t Nobody = 65534;
 constexpr int CannotDropPrivileges = 2;
+// The first few violations of a format are told in full; the count tells the rest.
+constexpr int ViolationsShown = 3;
 
 QByteArray ReadAll(const QString& file)
 {
@@ -178,8 +180,7 @@ bool SaveStress::killSaves(const StressFormat& format, const QString& directory,
             killed ? ++killedOld : ++failed;
         else if (now == newBytes)
             killed ? ++killedNew : ++finished;
-        else {
-            ++violations;
+        else if (++violations <= ViolationsShown) {
             Report(QStringLiteral("  VIOLATION in round %1, %2 %3 us after it began to "
                                   "write: %4")
                        .arg(round + 1)

@@ -73,6 +73,19 @@ int Wait(pid_t child)
     return status;
 }
 
+// Waits until the save begins to write, or ends without writing a file; gives its exit
+// status in the second case.
+std::optional<int> WaitForWriting(DirectoryWatch& watch, pid_t child)
+{
+    for (;;) {
+        if (watch.waitForWrite(2))
+            return std::nullopt;
+        int status = 0;
+        if (waitpid(child, &status, WNOHANG) == child)
+            return status;
+    }
+}
+
 } // namespace
 
 void SaveStress::shutTemporaryFilesOut(const QString& directory, const QString& file) const
@@ -133,16 +146,16 @@ bool SaveStress::killSaves(const StressFormat& format, const QString& directory,
         WriteAll(file, oldBytes);
         watch.drain();
         const pid_t child = startSave(format, file);
-        watch.waitForWrite(60000);
+        const std::optional<int> ended = WaitForWriting(watch, child);
         QElapsedTimer timer;
         timer.start();
         // The last event before the save ends marks the end of its writing.
-        int status = 0;
-        while (waitpid(child, &status, WNOHANG) == 0) {
+        int status = ended.value_or(0);
+        while (!ended && waitpid(child, &status, WNOHANG) == 0) {
             if (watch.waitForWrite(5))
                 time = timer.nsecsElapsed() / 1000;
         }
-        if (watch.waitForWrite(0))
+        if (!ended && watch.waitForWrite(0))
             time = timer.nsecsElapsed() / 1000;
         if (WIFEXITED(status) && WEXITSTATUS(status) == CannotDropPrivileges) {
             Report(QStringLiteral("  cannot run the save as another user"));
@@ -167,12 +180,13 @@ bool SaveStress::killSaves(const StressFormat& format, const QString& directory,
             Report(QStringLiteral("  cannot fork: %1").arg(qt_error_string(errno)));
             return false;
         }
-        // A save that opens nothing (it fails at once) is left to end by itself.
-        if (watch.waitForWrite(60000)) {
+        // A save that writes no file (it fails at once) has ended by itself.
+        const std::optional<int> ended = WaitForWriting(watch, child);
+        if (!ended) {
             usleep(useconds_t(delay));
             kill(child, SIGKILL);
         }
-        const int status = Wait(child);
+        const int status = ended ? *ended : Wait(child);
 
         const QByteArray now = ReadAll(file);
         const bool killed = WIFSIGNALED(status);

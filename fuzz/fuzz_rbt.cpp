@@ -1,0 +1,34 @@
+// Any bytes as a rig binding file: a file that loads must save, load again and save the same.
+
+#include "foundation/mdlGeneral.h"
+#include "fuzz/RoundTrip.h"
+#include "rig/clsRBT.h"
+
+namespace {
+
+// The three paths are left out: a load joins them to the base directory and a save makes
+// them relative and lower case again, so only their saved form, compared as bytes, is kept.
+QStringList Fields(const clsRBT& rbt)
+{
+    QStringList fields{rbt.Name, QString::number(rbt.NumJoints()),
+                       QString::number(rbt.NumAnimations())};
+    for (qint16 i = 0; i < rbt.NumJoints(); ++i) {
+        const auto j = rbt.Joints(i);
+        fields << j->Id << j->Node << j->Min << j->Max << j->VectorX << j->VectorY << j->VectorZ
+               << j->Action << j->Description;
+    }
+    for (qint16 i = 0; i < rbt.NumAnimations(); ++i) {
+        const auto a = rbt.Animations(i);
+        fields << a->Id << a->Name << a->Anim;
+    }
+    return fields;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    mdlGeneral::strCurrentDir = FuzzWorkspace::instance().directory();
+    CheckRoundTrip<clsRBT>(data, size, QStringLiteral("rbt"), Fields);
+    return 0;
+}

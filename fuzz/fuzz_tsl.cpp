@@ -1,0 +1,24 @@
+// Any bytes as a show listing: a file that loads must save, load again and save the same.
+
+#include "fuzz/RoundTrip.h"
+#include "show/clsTSL.h"
+
+namespace {
+
+QStringList Fields(const clsTSL& tsl)
+{
+    QStringList fields{tsl.Title, tsl.MainWorld, QString::number(tsl.NumScenes())};
+    for (qint16 i = 0; i < tsl.NumScenes(); ++i) {
+        const auto scene = tsl.Scenes(i);
+        fields << scene->Id << scene->Name << scene->SSF;
+    }
+    return fields;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    CheckRoundTrip<clsTSL>(data, size, QStringLiteral("tsl"), Fields);
+    return 0;
+}

@@ -9,6 +9,8 @@
 
 #include <QAction>
 
+class ScriptedDialogService;
+
 class WindowDriver {
 public:
     // Shows the window (on the offscreen platform in tests) and waits until it is exposed.
@@ -44,6 +46,11 @@ public:
     void pressKey(const QString& name, Qt::Key key);
     // Opens the list of a combo box, moves to row `row` and takes it with Enter.
     void pickComboRow(const QString& name, int row);
+    // Every row text of a list, top to bottom.
+    QStringList rows(const QString& name) const;
+    // Chooses the menu entry ("men...") or clicks the button `name`, with the file dialog it
+    // shows answered by `file`, or cancelled when `file` is empty.
+    void chooseFile(ScriptedDialogService& dialogs, const QString& name, const QString& file);
 
 private:
     QWidget* m_window;

@@ -7,7 +7,6 @@
 #include <QtTest>
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -15,7 +14,6 @@ class tst_DOMDocument : public QObject {
     Q_OBJECT
 
 private slots:
-
     void load_data()
     {
         QTest::addColumn<QString>("kind"); // "bytes" is a file holding `bytes`
@@ -110,44 +108,26 @@ private slots:
         QCOMPARE(again.toByteArray().value_or(QByteArray()), bytes);
     }
 
+    // A text XML cannot carry fails the save before the file is touched.
     void failedSaveLeavesTheOldFile_data()
     {
         QTest::addColumn<QString>("title");
-        QTest::addColumn<bool>("readOnlyDirectory");
-        QTest::newRow("control character") << u"a\u0001b"_s << false;
-        QTest::newRow("U+FFFE") << u"a\uFFFE"_s << false;
-        QTest::newRow("unpaired surrogate") << QString(QChar(0xd800)) + u"x"_s << false;
-        QTest::newRow("directory takes no temporary file") << u"new"_s << true;
+        QTest::newRow("control character") << u"a\u0001b"_s;
+        QTest::newRow("U+FFFE") << u"a\uFFFE"_s;
+        QTest::newRow("unpaired surrogate") << QString(QChar(0xd800)) + u"x"_s;
     }
 
     void failedSaveLeavesTheOldFile()
     {
         QFETCH(QString, title);
-        QFETCH(bool, readOnlyDirectory);
         TestFiles files;
-        QVERIFY(QDir().mkdir(files.path(u"show"_s)));
-        const QString old = files.write(u"show/a.tsl"_s, R"(<play title="old"/>)"_ba);
+        const QString old = files.write(u"a.tsl"_s, R"(<play title="old"/>)"_ba);
         DOMDocument doc;
         doc.loadXML(u"<play></play>"_s);
         doc.documentElement().setAttribute(u"title"_s, title);
-        bool saved = true;
-        if (readOnlyDirectory) {
-            // The file may be written, its directory not. Root, whom no mode stops, saves as
-            // nobody for this one call.
-            QFile::setPermissions(files.path({}), QFileDevice::Permissions(0x7755));
-            QFile::setPermissions(old, QFileDevice::Permissions(0x6666));
-            QFile::setPermissions(files.path(u"show"_s), QFileDevice::Permissions(0x5555));
-            const bool root = geteuid() == 0;
-            QVERIFY(!root || seteuid(65534) == 0);
-            saved = doc.save(old);
-            QVERIFY(!root || seteuid(0) == 0);
-            QFile::setPermissions(files.path(u"show"_s), QFileDevice::Permissions(0x7755));
-        } else {
-            saved = doc.save(old);
-        }
-        QVERIFY(!saved);
+        QVERIFY(!doc.save(old));
         QCOMPARE(TestFiles::read(old), R"(<play title="old"/>)"_ba);
-        QCOMPARE(QDir(files.path(u"show"_s)).entryList(QDir::Files), QStringList(u"a.tsl"_s));
+        QCOMPARE(QDir(files.path({})).entryList(QDir::Files), QStringList(u"a.tsl"_s));
     }
 };
 

@@ -29,7 +29,6 @@ class tst_RecordList : public QObject {
     Q_OBJECT
 
 private slots:
-
     void idsByPlaceAreRenumberedOnlyBehindADelete()
     {
         RecordList<Record> list;

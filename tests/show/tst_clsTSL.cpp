@@ -11,7 +11,6 @@ class tst_clsTSL : public QObject {
     Q_OBJECT
 
 private slots:
-
     void loadThenSave_data()
     {
         QTest::addColumn<QByteArray>("file");
@@ -30,9 +29,6 @@ private slots:
                                                  << R"(<play title="" mainworld=""/>)"_ba;
         QTest::newRow("other elements passed over, white space is no child")
             << play("\n <Scene/> <x><!-- inside --></x>\n" + scene) << play(scene);
-        QTest::newRow("escaped texts")
-            << play(R"(<scene id="0" name="&lt;&amp;&quot;&#9;é" ssf=""/>)")
-            << play(R"(<scene id="0" name="&lt;&amp;&quot;&#9;é" ssf=""/>)");
         QTest::newRow("without title") << R"(<play mainworld=""/>)"_ba << QByteArray();
         QTest::newRow("scene without id") << play(R"(<scene name="x" ssf=""/>)") << QByteArray();
         QTest::newRow("scene without name") << play(R"(<scene id="0" ssf=""/>)") << QByteArray();

@@ -22,8 +22,6 @@ using namespace Qt::StringLiterals;
 class tst_Controls : public QObject {
     Q_OBJECT
 
-private slots:
-
 private:
     // A dialog with one control of each kind, shown and active, made afresh for each test.
     std::unique_ptr<QDialog> m_window;
@@ -33,6 +31,7 @@ private:
     OptionButton* m_options[2] = {};
     CommandButton* m_buttons[2] = {};
 
+private slots:
     void init()
     {
         mdlGeneral::strCurrentDir.clear();

@@ -5,10 +5,10 @@
 #include "rig/clsRBT.h"
 #include "show/clsTSL.h"
 #include "stage/clsSSF.h"
+#include "tests/support/TestFiles.h"
 
 #include <QDir>
 #include <QSet>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -55,12 +55,9 @@ private:
     // Loads, and saving what was loaded gives the file back: written as Troupe writes.
     template <class Document> bool opens(Document& doc, const QString& name) const
     {
-        QTemporaryDir dir;
-        QFile original(m_dir.filePath(name)), copy(dir.filePath(name));
-        if (!doc.Load(original.fileName()) || !doc.Save(copy.fileName()))
-            return false;
-        return original.open(QIODevice::ReadOnly) && copy.open(QIODevice::ReadOnly) &&
-               original.readAll() == copy.readAll();
+        const TestFiles copy;
+        return doc.Load(m_dir.filePath(name)) && doc.Save(copy.path(name)) &&
+               TestFiles::read(copy.path(name)) == TestFiles::read(m_dir.filePath(name));
     }
 
     const QDir m_dir{QStringLiteral(TROUPE_EXAMPLES_DIR)};

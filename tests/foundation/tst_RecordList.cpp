@@ -21,8 +21,6 @@ template <class List> QStringList ids(const List& list)
     return result;
 }
 
-std::shared_ptr<Record> record(const QString& id = {}) { return std::make_shared<Record>(id); }
-
 } // namespace
 
 class tst_RecordList : public QObject {
@@ -33,30 +31,30 @@ private slots:
     {
         RecordList<Record> list;
         for (const QString& id : {u"3"_s, u"7"_s, u"9"_s, u"11"_s})
-            QVERIFY(list.AppendLoaded(record(id)));
-        list.Add(record(u"x"_s));
+            QVERIFY(list.AppendLoaded(std::make_shared<Record>(id)));
+        list.Add(std::make_shared<Record>());
         QCOMPARE(ids(list), QStringList({u"3"_s, u"7"_s, u"9"_s, u"11"_s, u"4"_s}));
         list.Delete(1);
-        QCOMPARE(ids(list), QStringList({u"3"_s, u"1"_s, u"2"_s, u"3"_s}));
         list.Delete(-1); // out of range: nothing happens
         list.Delete(4);
+        QCOMPARE(ids(list), QStringList({u"3"_s, u"1"_s, u"2"_s, u"3"_s}));
+        list.At(1)->Id = u"edited"_s; // the very object of the list
+        QCOMPARE(ids(list)[1], u"edited"_s);
         QCOMPARE(list.At(4), nullptr);
-        list.At(0)->Id = u"edited"_s; // the very object of the list
-        QCOMPARE(ids(list), QStringList({u"edited"_s, u"1"_s, u"2"_s, u"3"_s}));
     }
 
     void keptIdsAndTheLimit()
     {
         RecordList<Record, Numbering::Kept> list;
-        list.Add(record(u"7"_s));
-        list.Add(record(u"4"_s));
+        list.Add(std::make_shared<Record>(u"7"_s));
+        list.Add(std::make_shared<Record>(u"4"_s));
         list.Delete(0);
         list.Add(nullptr);
         QCOMPARE(ids(list), QStringList({u"4"_s}));
         while (list.Count() < 32767)
-            list.Add(record());
-        list.Add(record(u"over"_s));
-        QVERIFY(!list.AppendLoaded(record(u"over"_s)));
+            list.Add(std::make_shared<Record>());
+        list.Add(std::make_shared<Record>(u"over"_s));
+        QVERIFY(!list.AppendLoaded(std::make_shared<Record>(u"over"_s)));
         QCOMPARE(list.Count(), qint16(32767));
         QCOMPARE(list.At(32766)->Id, QString());
     }

@@ -77,17 +77,6 @@ struct PlainScan {
     }
 };
 
-// A model with one of its lists.
-QByteArray Model(int animations, int nodes)
-{
-    QByteArray text = animations > 0 ? "(x (list (\n" : "(x (set-node-flags (\n";
-    for (int i = 0; i < animations; ++i)
-        text += "\t(anim-binding (name \"anim" + QByteArray::number(i) + "\") (interp-time 200))\n";
-    for (int i = 0; i < nodes; ++i)
-        text += "\t(\"node" + QByteArray::number(i) + "\" 0)\n";
-    return text + "))))\n";
-}
-
 qsizetype OpenFiles()
 {
     return QDir(u"/proc/self/fd"_s).entryList(QDir::AllEntries | QDir::System).size();
@@ -146,7 +135,6 @@ private slots:
         QTest::addColumn<int>("pieces");
         QTest::newRow("short texts") << 300 << 60;
         QTest::newRow("long texts") << 30 << 3000; // many blocks of 64, with false starts
-        QTest::newRow("binary") << 4 << 0;
         // A text behind 0 to 299 blanks: its false starts fall on every place of a block.
         QTest::newRow("hidden patterns at every offset") << 300 << -1;
     }
@@ -163,16 +151,6 @@ private slots:
         int withNames = 0;
         for (int round = 0; round < rounds; ++round) {
             QByteArray bytes;
-            if (pieces == 0) {
-                // Random bytes with the patterns sown among them.
-                bytes.resize(256 * 1024);
-                for (char& byte : bytes)
-                    byte = char(random.bounded(256));
-                for (int i = 0; i < 3000; ++i) {
-                    const QByteArray& part = parts[random.bounded(9)];
-                    bytes.replace(random.bounded(bytes.size() - 20), part.size(), part);
-                }
-            }
             if (pieces < 0) // clang-format off
                 bytes = QByteArray(round, ' ') + R"m(((anim-binding ((name "a" ("b" (( ((set-node-flags ((("c" 1) (anim-binding ((("d" 1)))))m";
             // clang-format on
@@ -221,7 +199,6 @@ void tst_LtaScanner::scan_data()
     };
     // clang-format off
     row("no lists", R"m((lt-model-0 (on-load-cmds ( (set-command-string "" ) (lod-groups ( (create-lod-group "pSphereShape1" ("joint1" 0 )))))) (hierarchy "Scene Root" (children ())))m", {}, {});
-    row("empty file", "", {}, {});
     row("node list at the end of its enclosing form", R"m((lt-model-0 (on-load-cmds (set-node-flags ("Hip" 1) ("Arm" 1))) (shape "after" ("Leg" 1)))m", {}, {"Hip", "Arm"});
     row("animations behind nodes", R"m((lt-model-0 (on-load-cmds ( (set-node-flags ( ("Hip" 0 ) ("Arm" 0 ))) (anim-bindings ( (anim-binding (name "walk" ) (dims (1.0 2.0 3.0 )) (interp-time 200 )) (anim-binding (name "run" ) (interp-time 200 )))))))m", {"walk", "run"}, {"Hip", "Arm"});
     // The name ends at the quote behind the backslash; ("Knee then gives a node.
@@ -236,21 +213,25 @@ void tst_LtaScanner::scan_data()
     row("patterns are exact, with case, without blanks", R"m((lt-model-0 (on-load-cmds ( (Anim-Binding (name "upper")) (anim-bindings ( (anim-binding ( name "blank") (interp-time 200)))) (set-command-string "cmd") (Set-Node-Flags ("Hip" 1)))))m", {"cmd"}, {});
     row("two brackets hide a pattern", R"m((lt-model-0 (on-load-cmds ( (anim-bindings ( (anim-binding ((name "a")) ) (anim-binding (name "b")))) (set-node-flags ( (("Hip" 1)) ("Arm" 1))))))m", {"b"}, {"Arm"});
     row("((name: the quote search runs on", R"m(( (anim-binding ((name "hidden") (x "next"))))m", {""}, {});
-    row("file ends inside an animation name", R"m((lt-model-0 (on-load-cmds ( (anim-bindings ( (anim-binding (name "wal)m", {"wal"}, {});
     row("file ends inside a node name", R"m((lt-model-0 (on-load-cmds ( (set-node-flags ( ("Hip" 1) ("Ar)m", {}, {"Hip", "Ar"});
     row("empty binding list still gives an entry", R"m((x (anim-bindings ()) (set-node-flags ( ("Hip" 0)))))m", {"Hip"}, {"Hip"});
     row("anim-binding and a blank", "(anim-binding ", {""}, {});
-    row("node entry and a letter", R"m((set-node-flags ("x)m", {}, {"x"});
     row("UTF-8 name", "(set-node-flags (\"Gr\xC3\xBC\xC3\x9F\" 1) (\"A\xC3\" 1))", {}, {u"Grüß"_s, u"AÃ"_s});
     row("leading U+FEFF is kept", "(anim-binding (name \"\xEF\xBB\xBFHip\")) (set-node-flags (\"\xEF\xBB\xBF\" 1))", {u"\uFEFFHip"_s}, {u"\uFEFF"_s});
     row("NUL in names", "(set-node-flags (\"Hi\0p\" 1) (\"\0\" 1))"_ba, {}, {QString::fromUtf8("Hi\0p", 4), QString(QChar(0))});
-    QStringList nodes, animations; // the names of the first 32767 entries
-    for (int i = 0; i < 32767; ++i)
-        nodes << "node" + QString::number(i), animations << "anim" + QString::number(i);
-    for (const int count : {32767, 32768}) {
-        row(QByteArray::number(count) + " nodes", Model(0, count), {}, nodes, count < 32768);
-        row(QByteArray::number(count) + " animations", Model(count, 0), animations, {}, count < 32768);
+    // A list of 32767 entries is read whole; one more fails the scan.
+    QByteArray nodeList = "(x (set-node-flags (\n", animationList = "(x (list (\n";
+    QStringList nodes, animations;
+    for (int i = 0; i < 32767; ++i) {
+        nodeList += "\t(\"node" + QByteArray::number(i) + "\" 0)\n";
+        animationList += "\t(anim-binding (name \"anim" + QByteArray::number(i) + "\") (interp-time 200))\n";
+        nodes << "node" + QString::number(i);
+        animations << "anim" + QString::number(i);
     }
+    row("32767 nodes", nodeList + "))))", {}, nodes);
+    row("32768 nodes", nodeList + "(\"more\" 0)))))", {}, nodes, false);
+    row("32767 animations", animationList + "))))", animations, {});
+    row("32768 animations", animationList + "(anim-binding (name \"more\")))))", animations, {}, false);
     row("depth 32767", QByteArray(32767, '('), {}, {});
     row("depth 32768", QByteArray(32768, '('), {}, {}, false);
     // Over 40000 brackets stay open, but no one search counts more than 20003 of them.

@@ -1,5 +1,4 @@
-// The rig binding's file: what a load reads and the next save writes, byte for byte, and the
-// three paths stored relative to the base directory, lower case, backslashes doubled.
+// The rig binding's file: what a load reads and the next save writes, byte for byte.
 
 #include "rig/clsRBT.h"
 #include "tests/support/TestFiles.h"
@@ -16,10 +15,6 @@ private slots:
     {
         QTest::addColumn<QByteArray>("file");
         QTest::addColumn<QByteArray>("saved"); // empty: Load must fail
-        const QByteArray example =
-            R"(<rbt name="Hero" type="model" model="models\\hero.ltb" texture="" icon="">)"
-            R"(<joint id="0" node="Head" min="-90.0" max="90.0" vector="0.0,1.0,0.0" action="rotate" desc="Nod"/>)"
-            R"(<animation id="3" name="Wave"/></rbt>)"_ba;
         const auto rbt = [](const QByteArray& children) {
             return R"(<rbt name="H" type="model" model="h.ltb" texture="" icon="">)" + children +
                    "</rbt>";
@@ -30,7 +25,6 @@ private slots:
         const QByteArray joint = "<joint " + attributes.join(' ') + "/>";
         const QByteArray animation = R"(<animation id="7" name="Run"/>)"_ba;
 
-        QTest::newRow("example") << example << example;
         QTest::newRow("joint ids, extra commas, backslashes of other texts kept")
             << rbt(joint) << rbt(joint);
         QTest::newRow("root of another name, no type, texture and icon absent")
@@ -67,25 +61,6 @@ private slots:
         QFETCH(QByteArray, file);
         QFETCH(QByteArray, saved);
         QCOMPARE(TestFiles(TestFiles::AsCurrentDir).loadThenSave<clsRBT>(file), saved);
-    }
-
-    void pathsAreStoredRelativeLowerCasedAndDoubled()
-    {
-        TestFiles files(TestFiles::AsCurrentDir);
-        const QString base = mdlGeneral::strCurrentDir;
-        clsRBT rbt;
-        rbt.Name = u"Hero"_s;
-        rbt.Model = base + u"Models/Hero.LTB"_s;
-        rbt.Texture = QDir::cleanPath(base + u"../Art/Skin.dtx"_s);
-        QVERIFY(rbt.Save(files.path(u"hero.rbt"_s)));
-        QCOMPARE(
-            TestFiles::read(files.path(u"hero.rbt"_s)),
-            R"(<rbt name="Hero" type="model" model="models\\hero.ltb" texture="..\\art\\skin.dtx" icon=""/>)"_ba);
-
-        // A load joins the stored text to the base as a native path.
-        clsRBT back;
-        QVERIFY(back.Load(files.path(u"hero.rbt"_s)));
-        QCOMPARE(back.Model, base + u"models"_s + QDir::separator() + u"hero.ltb"_s);
     }
 };
 

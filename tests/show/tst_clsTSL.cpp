@@ -15,13 +15,10 @@ private slots:
     {
         QTest::addColumn<QByteArray>("file");
         QTest::addColumn<QByteArray>("saved"); // empty: Load must fail
-        const QByteArray example =
-            R"(<play title="Opening" mainworld="..\rez\worlds\park"><scene id="0" name="Act one" ssf="..\\rez\\act1.ssf"/></play>)"_ba;
         const QByteArray scene = R"(<scene id="0" name="x" ssf="a.ssf"/>)"_ba;
         const auto play = [](const QByteArray& children) {
             return R"(<play title="t" mainworld="">)" + children + "</play>";
         };
-        QTest::newRow("example") << example << example;
         QTest::newRow("single backslashes are doubled, mainworld's stay")
             << R"(<show mainworld="a\\b" title="T"><scene ssf="..\rez\a.ssf" name="n" id="5"/></show>)"_ba
             << R"(<play title="T" mainworld="a\\b"><scene id="5" name="n" ssf="..\\rez\\a.ssf"/></play>)"_ba;

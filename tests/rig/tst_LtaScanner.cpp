@@ -32,16 +32,16 @@ struct PlainScan {
     bool Find(const QByteArray& pattern, int limit)
     {
         int place = 0, depth = 0;
-        bool stop = false;
-        while (pos < bytes.size() && place < pattern.size() && !stop) {
+        while (pos < bytes.size() && place < pattern.size()) {
             const char c = bytes[pos++];
             place = c == pattern[place] ? place + 1 : 0;
             depth += int(c == '(') - int(c == ')');
             if (depth > 32767 || depth < -32768)
                 return !(overflow = true);
-            stop = depth < limit;
+            if (depth < limit)
+                return false;
         }
-        return pos < bytes.size() && !stop;
+        return pos < bytes.size();
     }
     QString Until(char delimiter)
     {
@@ -64,8 +64,6 @@ struct PlainScan {
                 return false;
             animations.append(Until('"'));
         }
-        if (overflow)
-            return false;
         pos = 0;
         Find("(set-node-flags", 0);
         while (!overflow && Find("(\"", -2)) {
@@ -100,11 +98,11 @@ class tst_LtaScanner : public QObject {
             QVERIFY(scanner.ScanModel(m_earlier));
             const bool result = scanner.ScanModel(path);
             QCOMPARE(OpenFiles(), open);
-            const QString got = scanner.strAnimations.toStringList().join('|') + " / " +
-                                scanner.strNodes.toStringList().join('|');
             QVERIFY2(result == ok && scanner.strAnimations == animations &&
                          scanner.strNodes == nodes,
-                     qPrintable(u"window %1: %2, %3"_s.arg(size).arg(result).arg(got)));
+                     qPrintable(u"window %1: %2, %3 / %4"_s.arg(size).arg(result).arg(
+                         scanner.strAnimations.toStringList().join('|'),
+                         scanner.strNodes.toStringList().join('|'))));
         }
     }
 

@@ -11,58 +11,7 @@ class tst_clsSSF : public QObject {
     Q_OBJECT
 
 private slots:
-    void loadThenSave_data()
-    {
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<QByteArray>("saved"); // empty: Load must fail
-        const auto scene = [](const QByteArray& children) {
-            return R"(<scene world="w" maincamera="" nickname="" server="" port="">)" + children +
-                   "</scene>";
-        };
-        const auto puppet = [](const QByteArray& position) {
-            return R"(<puppet id="0" rbt="" position=")" + position +
-                   R"(" scale="1,1,1" orientation=",,"/>)";
-        };
-        const auto sound = [](const QByteArray& type, const QByteArray& file) {
-            return R"(<sound id="0" name="n" type=")" + type + R"(" file=")" + file + R"("/>)";
-        };
-        const QByteArray camera =
-            R"(<camera id="x" name="a\b" position="1,2,3" orientation="4,5,6"/>)"_ba;
-
-        QTest::newRow("empty world alone, root of another name")
-            << R"(<stage world=""/>)"_ba
-            << R"(<scene world="" maincamera="" nickname="" server="" port=""/>)"_ba;
-        QTest::newRow("rbt with single backslashes is doubled")
-            << scene(
-                   R"(<puppet id="7" rbt="..\rez\a.rbt" position="1,2,3" scale="1,1,1" orientation=",,"/>)")
-            << scene(
-                   R"(<puppet id="7" rbt="..\\rez\\a.rbt" position="1,2,3" scale="1,1,1" orientation=",,"/>)");
-        QTest::newRow("triple keeps further commas and blanks")
-            << scene(puppet("1, 2,3,4")) << scene(puppet("1, 2,3,4"));
-        QTest::newRow("triple with one comma") << scene(puppet("1,2")) << QByteArray();
-        QTest::newRow("kinds in any order are written grouped, others passed over")
-            << scene(camera + sound("sound", "d.wav") + "<Puppet/><x a=\"1\"/>" + puppet(",,"))
-            << scene(puppet(",,") + sound("sound", "d.wav") + camera);
-        QTest::newRow("dialog line loses the digits in front of its extension")
-            << scene(sound("dialog", "..\\\\rez2\\\\sounds\\\\hello07"))
-            << scene(sound("dialog", "..\\\\rez2\\\\sounds\\\\hello"));
-        QTest::newRow("a dot in the name stays")
-            << scene(sound("other", "take.2")) << scene(sound("other", "take."));
-        QTest::newRow("digits alone leave the directory")
-            << scene(sound("dialog", "d\\\\12")) << scene(sound("dialog", "d\\\\"));
-        QTest::newRow("without world") << R"(<scene maincamera="0"/>)"_ba << QByteArray();
-        QTest::newRow("puppet without scale")
-            << scene(R"(<puppet id="0" rbt="" position=",," orientation=",,"/>)") << QByteArray();
-        QTest::newRow("sound without file")
-            << scene(R"(<sound id="0" name="n" type="sound"/>)") << QByteArray();
-        QTest::newRow("camera without orientation")
-            << scene(R"(<camera id="0" name="" position=",,"/>)") << QByteArray();
-        QTest::newRow("32769 children") << scene("<x/>"_ba.repeated(32769)) << QByteArray();
-        QTest::newRow("32767 cameras")
-            << scene(camera.repeated(32767)) << scene(camera.repeated(32767));
-        QTest::newRow("32768 cameras") << scene(camera.repeated(32768)) << QByteArray();
-    }
-
+    void loadThenSave_data();
     void loadThenSave()
     {
         QFETCH(QByteArray, file);
@@ -70,6 +19,58 @@ private slots:
         QCOMPARE(TestFiles().loadThenSave<clsSSF>(file), saved);
     }
 };
+
+void tst_clsSSF::loadThenSave_data()
+{
+    QTest::addColumn<QByteArray>("file");
+    QTest::addColumn<QByteArray>("saved"); // empty: Load must fail
+    const auto scene = [](const QByteArray& children) {
+        return R"(<scene world="w" maincamera="" nickname="" server="" port="">)" + children +
+               "</scene>";
+    };
+    const auto puppet = [](const QByteArray& position) {
+        return R"(<puppet id="0" rbt="" position=")" + position +
+               R"(" scale="1,1,1" orientation=",,"/>)";
+    };
+    const auto sound = [](const QByteArray& type, const QByteArray& file) {
+        return R"(<sound id="0" name="n" type=")" + type + R"(" file=")" + file + R"("/>)";
+    };
+    const QByteArray camera =
+        R"(<camera id="x" name="a\b" position="1,2,3" orientation="4,5,6"/>)"_ba;
+
+    QTest::newRow("empty world alone, root of another name")
+        << R"(<stage world=""/>)"_ba
+        << R"(<scene world="" maincamera="" nickname="" server="" port=""/>)"_ba;
+    QTest::newRow("rbt with single backslashes is doubled")
+        << scene(
+               R"(<puppet id="7" rbt="..\rez\a.rbt" position="1,2,3" scale="1,1,1" orientation=",,"/>)")
+        << scene(
+               R"(<puppet id="7" rbt="..\\rez\\a.rbt" position="1,2,3" scale="1,1,1" orientation=",,"/>)");
+    QTest::newRow("triple keeps further commas and blanks")
+        << scene(puppet("1, 2,3,4")) << scene(puppet("1, 2,3,4"));
+    QTest::newRow("triple with one comma") << scene(puppet("1,2")) << QByteArray();
+    QTest::newRow("kinds in any order are written grouped, others passed over")
+        << scene(camera + sound("sound", "d.wav") + "<Puppet/><x a=\"1\"/>" + puppet(",,"))
+        << scene(puppet(",,") + sound("sound", "d.wav") + camera);
+    QTest::newRow("dialog line loses the digits in front of its extension")
+        << scene(sound("dialog", "..\\\\rez2\\\\sounds\\\\hello07"))
+        << scene(sound("dialog", "..\\\\rez2\\\\sounds\\\\hello"));
+    QTest::newRow("a dot in the name stays")
+        << scene(sound("other", "take.2")) << scene(sound("other", "take."));
+    QTest::newRow("digits alone leave the directory")
+        << scene(sound("dialog", "d\\\\12")) << scene(sound("dialog", "d\\\\"));
+    QTest::newRow("without world") << R"(<scene maincamera="0"/>)"_ba << QByteArray();
+    QTest::newRow("puppet without scale")
+        << scene(R"(<puppet id="0" rbt="" position=",," orientation=",,"/>)") << QByteArray();
+    QTest::newRow("sound without file")
+        << scene(R"(<sound id="0" name="n" type="sound"/>)") << QByteArray();
+    QTest::newRow("camera without orientation")
+        << scene(R"(<camera id="0" name="" position=",,"/>)") << QByteArray();
+    QTest::newRow("32769 children") << scene("<x/>"_ba.repeated(32769)) << QByteArray();
+    QTest::newRow("32767 cameras")
+        << scene(camera.repeated(32767)) << scene(camera.repeated(32767));
+    QTest::newRow("32768 cameras") << scene(camera.repeated(32768)) << QByteArray();
+}
 
 QTEST_APPLESS_MAIN(tst_clsSSF)
 #include "tst_clsSSF.moc"

@@ -47,193 +47,195 @@ private slots:
         mdlGeneral::strCurrentDir.clear();
     }
 
-    void anAuthoringSession()
-    {
-        ui->trigger(u"menNewSSF"_s);
-        choose(u"Command5"_s, path(u"Castle.dat"_s));
-        ui->type(u"txtNickname"_s, uR"(Ann & "Bo" <3> Zo)"_s);
-        // A letter beyond ASCII, as a keyboard layout sends it: a key event with its text.
-        QTest::sendKeyEvent(QTest::Click, ui->textBox(u"txtNickname"_s), Qt::Key_unknown, u"ë"_s,
-                            {});
-        ui->type(u"txtServer"_s, uR"(host\stage)"_s);
-        ui->type(u"txtPort"_s, u"80a"_s);
-
-        // Two puppets: the first with its file and a position typed key by key.
-        ui->click(u"Command1"_s);
-        QCOMPARE(
-            rows(u"lstPuppets"_s),
-            QStringList{QString(30, u' ') + u"(0.0,0.0,0.0)   (1.0,1.0,1.0)   (0.0,0.0,0.0)"_s});
-        choose(u"Command3"_s, path(u"Bear.rbt"_s));
-        QCOMPARE(mdlGeneral::strCurrentDir, path({}) + u'/');
-        ui->clearText(u"txtPosX"_s);
-        ui->type(u"txtPosX"_s, u"-1"_s); // the row follows each key
-        QCOMPARE(rows(u"lstPuppets"_s).first().left(46),
-                 u"..\\rez\\Bear.rbt"_s.leftJustified(30) + u"(-1,0.0,0.0)    "_s);
-        ui->click(u"Command1"_s);
-        ui->type(u"txtScaleZ"_s, u"2"_s);
-        ui->type(u"txtOrienY"_s, u"x"_s); // a number box takes any text
-        ui->trigger(u"menEditRBT"_s);
-        ui->pickRow(u"lstPuppets"_s, 0);
-        QCOMPARE(ui->textBox(u"txtPosX"_s)->Text(), u"-1"_s);
-        ui->trigger(u"menEditRBT"_s);
-        QCOMPARE(links->calls, (QStringList{u"rbt "_s, u"rbt Bear.rbt"_s}));
-
-        // A third puppet, gone by the Delete key.
-        ui->click(u"Command1"_s);
-        ui->pressKey(u"lstPuppets"_s, Qt::Key_Delete);
-        QCOMPARE(rows(u"lstPuppets"_s).size(), 2);
-        QCOMPARE(ui->listBox(u"lstPuppets"_s)->ListIndex(), -1);
-
-        // A sound and a dialog line; a file picked elsewhere is stored under the prefix.
-        showPage(1);
-        ui->click(u"Command4"_s);
-        ui->type(u"txtNameSound"_s, u"Door's creak"_s);
-        choose(u"Command2"_s, u"/elsewhere/door.wav"_s);
-        ui->click(u"Command4"_s);
-        ui->type(u"txtNameSound"_s, u"hello"_s);
-        choose(u"Command2"_s, u"/elsewhere/hello07.wav"_s);
-        ui->click(u"chkDialog"_s);
-        QCOMPARE(rows(u"lstSounds"_s)[1], u"hello"_s.leftJustified(27) +
-                                              u"..\\rez\\sounds\\hello07.wav"_s.leftJustified(38) +
-                                              u"dialog"_s);
-        QCOMPARE(mdlGeneral::strCurrentDir, path({}) + u'/');
-
-        // Two cameras; the main camera picked from the list that fills as it drops down.
-        showPage(2);
-        ui->click(u"Command6"_s);
-        ui->type(u"txtCamera"_s, u"front"_s);
-        ui->click(u"Command6"_s);
-        ui->type(u"txtCamera"_s, u"back"_s);
-        ui->type(u"txtPosYCam"_s, u"1"_s);
-        QCOMPARE(rows(u"lstCameras"_s)[1],
-                 u"back"_s.leftJustified(42) + u"(0.0,0.01,0.0)      (0.0,0.0,0.0)"_s);
-        ui->pickComboRow(u"txtMainCamera"_s, 1);
-
-        // Save, byte for byte; a save into a missing directory changes nothing.
-        choose(u"menSaveSSF"_s, path(u"scene.ssf"_s));
-        QCOMPARE(
-            TestFiles::read(path(u"scene.ssf"_s)),
-            R"(<scene world="..\rez\worlds\Castle" maincamera="1" nickname="Ann &amp; &quot;Bo&quot; &lt;3&gt; Zoë" server="host\stage" port="80a">)"
-            R"(<puppet id="0" rbt="..\\rez\\Bear.rbt" position="-1,0.0,0.0" scale="1.0,1.0,1.0" orientation="0.0,0.0,0.0"/>)"
-            R"(<puppet id="1" rbt="" position="0.0,0.0,0.0" scale="1.0,1.0,1.02" orientation="0.0,0.0x,0.0"/>)"
-            R"(<sound id="0" name="Door's creak" type="sound" file="..\\rez\\sounds\\door.wav"/>)"
-            R"(<sound id="1" name="hello" type="dialog" file="..\\rez\\sounds\\hello"/>)"
-            R"(<camera id="0" name="front" position="0.0,0.0,0.0" orientation="0.0,0.0,0.0"/>)"
-            R"(<camera id="1" name="back" position="0.0,0.01,0.0" orientation="0.0,0.0,0.0"/></scene>)"_ba);
-        choose(u"menSaveSSF"_s, path(u"missing/other.ssf"_s));
-        QCOMPARE(dialogs->messages(), QStringList{u"Cannot save SSF file"_s});
-        QCOMPARE(window->windowTitle(), u"Stage Scene File Manager - scene.ssf"_s);
-        QCOMPARE(window->CurrentFile(), u"scene.ssf"_s);
-
-        // Open it again after a New: the same rows, the dialog line's file by its stem.
-        const QStringList puppets = rows(u"lstPuppets"_s), cameras = rows(u"lstCameras"_s);
-        ui->trigger(u"menNewSSF"_s);
-        QCOMPARE(rows(u"lstPuppets"_s), QStringList());
-        choose(u"menOpenSSF"_s, path(u"scene.ssf"_s));
-        QCOMPARE(rows(u"lstPuppets"_s), puppets);
-        QCOMPARE(rows(u"lstCameras"_s), cameras);
-        QCOMPARE(rows(u"lstSounds"_s)[1].mid(27, 38).trimmed(), u"..\\rez\\sounds\\hello.wav"_s);
-        QCOMPARE(ui->comboBox(u"txtMainCamera"_s)->currentText(), u"back"_s);
-        QCOMPARE(ui->textBox(u"txtNickname"_s)->Text(), uR"(Ann & "Bo" <3> Zoë)"_s);
-    }
-
-    void aBadFileShowsTheOpenMessageAndKeepsTheShownScene_data()
-    {
-        QTest::addColumn<QByteArray>("bytes"); // null: no file of that name
-        QTest::newRow("missing") << QByteArray();
-        QTest::newRow("puppet without scale")
-            << R"(<scene world=""><puppet id="0" rbt="" position="0,0,0" orientation="0,0,0"/></scene>)"_ba;
-    }
-
-    void aBadFileShowsTheOpenMessageAndKeepsTheShownScene()
-    {
-        QFETCH(QByteArray, bytes);
-        choose(u"menOpenSSF"_s,
-               files->write(u"good.ssf"_s, R"(<scene world="w"><camera id="0" name="c" )"
-                                           R"(position="1,2,3" orientation="4,5,6"/></scene>)"));
-        const clsSSF* shown = window->Document();
-        const QStringList cameras = rows(u"lstCameras"_s);
-        if (!bytes.isNull())
-            files->write(u"bad.ssf"_s, bytes);
-
-        choose(u"menOpenSSF"_s, path(u"bad.ssf"_s));
-        QCOMPARE(dialogs->messages(),
-                 QStringList{u"Cannot open the SSF file "_s + path(u"bad.ssf"_s)});
-        QCOMPARE(window->Document(), shown);
-        QCOMPARE(rows(u"lstCameras"_s), cameras);
-        QCOMPARE(window->CurrentFile(), u"good.ssf"_s);
-        showPage(2);
-        ui->click(u"Command6"_s); // editing goes on in the shown scene
-        QCOMPARE(window->Document()->NumCameras(), 2);
-    }
-
-    void rowsLineUpInFixedColumns_data()
-    {
-        QTest::addColumn<QByteArray>("child");
-        QTest::addColumn<QString>("list");
-        QTest::addColumn<QString>("row");
-        const auto puppet = [](const QByteArray& rbt, const QByteArray& position) {
-            return R"(<puppet id="0" rbt=")" + rbt + R"(" position=")" + position +
-                   R"(" scale="1.0,1.0,1.0" orientation="0.0,0.0,0.0"/>)";
-        };
-        const QString rest = u"(1.0,1.0,1.0)   (0.0,0.0,0.0)"_s;
-        QTest::newRow("puppet path of 40 cut")
-            << puppet("..\\\\rez\\\\" + QByteArray(33, 'p'), "0,0,0") << u"lstPuppets"_s
-            << u"..\\rez\\"_s + QString(22, u'p') + u" (0,0,0)"_s.leftJustified(17) + rest;
-        QTest::newRow("position too long: no blanks")
-            << puppet("", "12345678,1,123456789") << u"lstPuppets"_s
-            << QString(30, u' ') + u"(12345678,1,123456789)(1.0,1.0,1.0)(0.0,0.0,0.0)"_s;
-
-        const auto sound = [](const QByteArray& name, const QByteArray& file,
-                              const QByteArray& type) {
-            return R"(<sound id="0" name=")" + name + R"(" type=")" + type + R"(" file=")" + file +
-                   R"("/>)";
-        };
-        QTest::newRow("sound name of 30 cut")
-            << sound(QByteArray(26, 'n') + "cut!", "", "sound") << u"lstSounds"_s
-            << QString(26, u'n') + QString(39, u' ') + u"sound"_s;
-        QTest::newRow("file of 38 fills its column (a music file gains .wav)")
-            << sound("a", QByteArray(34, 'f'), "music") << u"lstSounds"_s
-            << u"a"_s.leftJustified(27) + QString(34, u'f') + u".wav"_s + u"music"_s;
-
-        const auto camera = [](const QByteArray& name, const QByteArray& position) {
-            return R"(<camera id="0" name=")" + name + R"(" position=")" + position +
-                   R"(" orientation="0.0,0.0,0.0"/>)";
-        };
-        QTest::newRow("camera name of 50 cut")
-            << camera(QByteArray(41, 'c') + "123456789", "0,0,0") << u"lstCameras"_s
-            << QString(41, u'c') + u" (0,0,0)"_s.leftJustified(21) + u"(0.0,0.0,0.0)"_s;
-    }
-
-    void rowsLineUpInFixedColumns()
-    {
-        QFETCH(QByteArray, child);
-        QFETCH(QString, list);
-        QFETCH(QString, row);
-        choose(u"menOpenSSF"_s,
-               files->write(u"row.ssf"_s, R"(<scene world="">)" + child + "</scene>"));
-        QCOMPARE(rows(list), QStringList{row});
-        // Selecting the row writes every field back: the row stays as it was.
-        ui->listBox(list)->setListIndex(0);
-        QCOMPARE(rows(list), QStringList{row});
-    }
-
-    void aCameraIdThatIsNoNumberIsListedAndStoredAsText()
-    {
-        choose(u"menOpenSSF"_s,
-               files->write(
-                   u"ids.ssf"_s,
-                   R"(<scene world="" maincamera="a">)"
-                   R"(<camera id="007" name="seven" position=",," orientation=",,"/>)"
-                   R"(<camera id="a" name="letter" position=",," orientation=",,"/></scene>)"));
-        QCOMPARE(ui->comboBox(u"txtMainCamera"_s)->ListCount(), 1);
-        QCOMPARE(ui->comboBox(u"txtMainCamera"_s)->currentText(), u"letter"_s);
-        ui->pickComboRow(u"txtMainCamera"_s, 0);
-        QCOMPARE(window->Document()->MainCamera, u"7"_s); // a number Id is taken as its integer
-        ui->pickComboRow(u"txtMainCamera"_s, 1);
-        QCOMPARE(window->Document()->MainCamera, u"a"_s);
-    }
+    void anAuthoringSession();
+    void aBadFileShowsTheOpenMessageAndKeepsTheShownScene_data();
+    void aBadFileShowsTheOpenMessageAndKeepsTheShownScene();
+    void rowsLineUpInFixedColumns_data();
+    void rowsLineUpInFixedColumns();
+    void aCameraIdThatIsNoNumberIsListedAndStoredAsText();
 };
+
+void tst_frmMainSSF::anAuthoringSession()
+{
+    ui->trigger(u"menNewSSF"_s);
+    choose(u"Command5"_s, path(u"Castle.dat"_s));
+    ui->type(u"txtNickname"_s, uR"(Ann & "Bo" <3> Zo)"_s);
+    // A letter beyond ASCII, as a keyboard layout sends it: a key event with its text.
+    QTest::sendKeyEvent(QTest::Click, ui->textBox(u"txtNickname"_s), Qt::Key_unknown, u"ë"_s, {});
+    ui->type(u"txtServer"_s, uR"(host\stage)"_s);
+    ui->type(u"txtPort"_s, u"80a"_s);
+
+    // Two puppets: the first with its file and a position typed key by key.
+    ui->click(u"Command1"_s);
+    QCOMPARE(rows(u"lstPuppets"_s),
+             QStringList{QString(30, u' ') + u"(0.0,0.0,0.0)   (1.0,1.0,1.0)   (0.0,0.0,0.0)"_s});
+    choose(u"Command3"_s, path(u"Bear.rbt"_s));
+    QCOMPARE(mdlGeneral::strCurrentDir, path({}) + u'/');
+    ui->clearText(u"txtPosX"_s);
+    ui->type(u"txtPosX"_s, u"-1"_s); // the row follows each key
+    QCOMPARE(rows(u"lstPuppets"_s).first().left(46),
+             u"..\\rez\\Bear.rbt"_s.leftJustified(30) + u"(-1,0.0,0.0)    "_s);
+    ui->click(u"Command1"_s);
+    ui->type(u"txtScaleZ"_s, u"2"_s);
+    ui->type(u"txtOrienY"_s, u"x"_s); // a number box takes any text
+    ui->trigger(u"menEditRBT"_s);
+    ui->pickRow(u"lstPuppets"_s, 0);
+    QCOMPARE(ui->textBox(u"txtPosX"_s)->Text(), u"-1"_s);
+    ui->trigger(u"menEditRBT"_s);
+    QCOMPARE(links->calls, (QStringList{u"rbt "_s, u"rbt Bear.rbt"_s}));
+
+    // A third puppet, gone by the Delete key.
+    ui->click(u"Command1"_s);
+    ui->pressKey(u"lstPuppets"_s, Qt::Key_Delete);
+    QCOMPARE(rows(u"lstPuppets"_s).size(), 2);
+    QCOMPARE(ui->listBox(u"lstPuppets"_s)->ListIndex(), -1);
+
+    // A sound and a dialog line; a file picked elsewhere is stored under the prefix.
+    showPage(1);
+    ui->click(u"Command4"_s);
+    ui->type(u"txtNameSound"_s, u"Door's creak"_s);
+    choose(u"Command2"_s, u"/elsewhere/door.wav"_s);
+    ui->click(u"Command4"_s);
+    ui->type(u"txtNameSound"_s, u"hello"_s);
+    choose(u"Command2"_s, u"/elsewhere/hello07.wav"_s);
+    ui->click(u"chkDialog"_s);
+    QCOMPARE(rows(u"lstSounds"_s)[1], u"hello"_s.leftJustified(27) +
+                                          u"..\\rez\\sounds\\hello07.wav"_s.leftJustified(38) +
+                                          u"dialog"_s);
+    QCOMPARE(mdlGeneral::strCurrentDir, path({}) + u'/');
+
+    // Two cameras; the main camera picked from the list that fills as it drops down.
+    showPage(2);
+    ui->click(u"Command6"_s);
+    ui->type(u"txtCamera"_s, u"front"_s);
+    ui->click(u"Command6"_s);
+    ui->type(u"txtCamera"_s, u"back"_s);
+    ui->type(u"txtPosYCam"_s, u"1"_s);
+    QCOMPARE(rows(u"lstCameras"_s)[1],
+             u"back"_s.leftJustified(42) + u"(0.0,0.01,0.0)      (0.0,0.0,0.0)"_s);
+    ui->pickComboRow(u"txtMainCamera"_s, 1);
+
+    // Save, byte for byte; a save into a missing directory changes nothing.
+    choose(u"menSaveSSF"_s, path(u"scene.ssf"_s));
+    QCOMPARE(
+        TestFiles::read(path(u"scene.ssf"_s)),
+        R"(<scene world="..\rez\worlds\Castle" maincamera="1" nickname="Ann &amp; &quot;Bo&quot; &lt;3&gt; Zoë" server="host\stage" port="80a">)"
+        R"(<puppet id="0" rbt="..\\rez\\Bear.rbt" position="-1,0.0,0.0" scale="1.0,1.0,1.0" orientation="0.0,0.0,0.0"/>)"
+        R"(<puppet id="1" rbt="" position="0.0,0.0,0.0" scale="1.0,1.0,1.02" orientation="0.0,0.0x,0.0"/>)"
+        R"(<sound id="0" name="Door's creak" type="sound" file="..\\rez\\sounds\\door.wav"/>)"
+        R"(<sound id="1" name="hello" type="dialog" file="..\\rez\\sounds\\hello"/>)"
+        R"(<camera id="0" name="front" position="0.0,0.0,0.0" orientation="0.0,0.0,0.0"/>)"
+        R"(<camera id="1" name="back" position="0.0,0.01,0.0" orientation="0.0,0.0,0.0"/></scene>)"_ba);
+    choose(u"menSaveSSF"_s, path(u"missing/other.ssf"_s));
+    QCOMPARE(dialogs->messages(), QStringList{u"Cannot save SSF file"_s});
+    QCOMPARE(window->windowTitle(), u"Stage Scene File Manager - scene.ssf"_s);
+    QCOMPARE(window->CurrentFile(), u"scene.ssf"_s);
+
+    // Open it again after a New: the same rows, the dialog line's file by its stem.
+    const QStringList puppets = rows(u"lstPuppets"_s), cameras = rows(u"lstCameras"_s);
+    ui->trigger(u"menNewSSF"_s);
+    QCOMPARE(rows(u"lstPuppets"_s), QStringList());
+    choose(u"menOpenSSF"_s, path(u"scene.ssf"_s));
+    QCOMPARE(rows(u"lstPuppets"_s), puppets);
+    QCOMPARE(rows(u"lstCameras"_s), cameras);
+    QCOMPARE(rows(u"lstSounds"_s)[1].mid(27, 38).trimmed(), u"..\\rez\\sounds\\hello.wav"_s);
+    QCOMPARE(ui->comboBox(u"txtMainCamera"_s)->currentText(), u"back"_s);
+    QCOMPARE(ui->textBox(u"txtNickname"_s)->Text(), uR"(Ann & "Bo" <3> Zoë)"_s);
+}
+
+void tst_frmMainSSF::aBadFileShowsTheOpenMessageAndKeepsTheShownScene_data()
+{
+    QTest::addColumn<QByteArray>("bytes"); // null: no file of that name
+    QTest::newRow("missing") << QByteArray();
+    QTest::newRow("puppet without scale")
+        << R"(<scene world=""><puppet id="0" rbt="" position="0,0,0" orientation="0,0,0"/></scene>)"_ba;
+}
+
+void tst_frmMainSSF::aBadFileShowsTheOpenMessageAndKeepsTheShownScene()
+{
+    QFETCH(QByteArray, bytes);
+    choose(u"menOpenSSF"_s,
+           files->write(u"good.ssf"_s, R"(<scene world="w"><camera id="0" name="c" )"
+                                       R"(position="1,2,3" orientation="4,5,6"/></scene>)"));
+    const clsSSF* shown = window->Document();
+    const QStringList cameras = rows(u"lstCameras"_s);
+    if (!bytes.isNull())
+        files->write(u"bad.ssf"_s, bytes);
+
+    choose(u"menOpenSSF"_s, path(u"bad.ssf"_s));
+    QCOMPARE(dialogs->messages(), QStringList{u"Cannot open the SSF file "_s + path(u"bad.ssf"_s)});
+    QCOMPARE(window->Document(), shown);
+    QCOMPARE(rows(u"lstCameras"_s), cameras);
+    QCOMPARE(window->CurrentFile(), u"good.ssf"_s);
+    showPage(2);
+    ui->click(u"Command6"_s); // editing goes on in the shown scene
+    QCOMPARE(window->Document()->NumCameras(), 2);
+}
+
+void tst_frmMainSSF::rowsLineUpInFixedColumns_data()
+{
+    QTest::addColumn<QByteArray>("child");
+    QTest::addColumn<QString>("list");
+    QTest::addColumn<QString>("row");
+    const auto puppet = [](const QByteArray& rbt, const QByteArray& position) {
+        return R"(<puppet id="0" rbt=")" + rbt + R"(" position=")" + position +
+               R"(" scale="1.0,1.0,1.0" orientation="0.0,0.0,0.0"/>)";
+    };
+    const QString rest = u"(1.0,1.0,1.0)   (0.0,0.0,0.0)"_s;
+    QTest::newRow("puppet path of 40 cut")
+        << puppet("..\\\\rez\\\\" + QByteArray(33, 'p'), "0,0,0") << u"lstPuppets"_s
+        << u"..\\rez\\"_s + QString(22, u'p') + u" (0,0,0)"_s.leftJustified(17) + rest;
+    QTest::newRow("position too long: no blanks")
+        << puppet("", "12345678,1,123456789") << u"lstPuppets"_s
+        << QString(30, u' ') + u"(12345678,1,123456789)(1.0,1.0,1.0)(0.0,0.0,0.0)"_s;
+
+    const auto sound = [](const QByteArray& name, const QByteArray& file, const QByteArray& type) {
+        return R"(<sound id="0" name=")" + name + R"(" type=")" + type + R"(" file=")" + file +
+               R"("/>)";
+    };
+    QTest::newRow("sound name of 30 cut")
+        << sound(QByteArray(26, 'n') + "cut!", "", "sound") << u"lstSounds"_s
+        << QString(26, u'n') + QString(39, u' ') + u"sound"_s;
+    QTest::newRow("file of 38 fills its column (a music file gains .wav)")
+        << sound("a", QByteArray(34, 'f'), "music") << u"lstSounds"_s
+        << u"a"_s.leftJustified(27) + QString(34, u'f') + u".wav"_s + u"music"_s;
+
+    const auto camera = [](const QByteArray& name, const QByteArray& position) {
+        return R"(<camera id="0" name=")" + name + R"(" position=")" + position +
+               R"(" orientation="0.0,0.0,0.0"/>)";
+    };
+    QTest::newRow("camera name of 50 cut")
+        << camera(QByteArray(41, 'c') + "123456789", "0,0,0") << u"lstCameras"_s
+        << QString(41, u'c') + u" (0,0,0)"_s.leftJustified(21) + u"(0.0,0.0,0.0)"_s;
+}
+
+void tst_frmMainSSF::rowsLineUpInFixedColumns()
+{
+    QFETCH(QByteArray, child);
+    QFETCH(QString, list);
+    QFETCH(QString, row);
+    choose(u"menOpenSSF"_s, files->write(u"row.ssf"_s, R"(<scene world="">)" + child + "</scene>"));
+    QCOMPARE(rows(list), QStringList{row});
+    // Selecting the row writes every field back: the row stays as it was.
+    ui->listBox(list)->setListIndex(0);
+    QCOMPARE(rows(list), QStringList{row});
+}
+
+void tst_frmMainSSF::aCameraIdThatIsNoNumberIsListedAndStoredAsText()
+{
+    choose(
+        u"menOpenSSF"_s,
+        files->write(u"ids.ssf"_s,
+                     R"(<scene world="" maincamera="a">)"
+                     R"(<camera id="007" name="seven" position=",," orientation=",,"/>)"
+                     R"(<camera id="a" name="letter" position=",," orientation=",,"/></scene>)"));
+    QCOMPARE(ui->comboBox(u"txtMainCamera"_s)->ListCount(), 1);
+    QCOMPARE(ui->comboBox(u"txtMainCamera"_s)->currentText(), u"letter"_s);
+    ui->pickComboRow(u"txtMainCamera"_s, 0);
+    QCOMPARE(window->Document()->MainCamera, u"7"_s); // a number Id is taken as its integer
+    ui->pickComboRow(u"txtMainCamera"_s, 1);
+    QCOMPARE(window->Document()->MainCamera, u"a"_s);
+}
 
 QTEST_MAIN(tst_frmMainSSF)
 #include "tst_frmMainSSF.moc"

@@ -76,7 +76,6 @@ void tst_DOMDocument::load_data()
     QTest::newRow("FIFO without writer") << u"fifo"_s << QByteArray() << QString();
     QTest::newRow("device") << u"/dev/zero"_s << QByteArray() << QString();
     QTest::newRow("over 64 MiB") << u"sparse"_s << R"(<play title="t"/>)"_ba << QString();
-    QTest::newRow("empty") << u"bytes"_s << QByteArray() << QString();
     QTest::newRow("cut off") << u"bytes"_s << R"(<play title="a"><scene id="0" na)"_ba << QString();
     // A billion laughs: `&l9;` expands to 10^9 characters, beyond Qt's expansion limit.
     QByteArray bomb = R"(<!DOCTYPE play [<!ENTITY l0 "lol">)";
@@ -117,7 +116,6 @@ void tst_DOMDocument::writtenBytesReadBack()
     DOMDocument again;
     QVERIFY(again.loadXML(QString::fromUtf8(bytes)));
     QCOMPARE(again.documentElement().getAttribute(u"title"), text);
-    QCOMPARE(again.toByteArray().value_or(QByteArray()), bytes);
 }
 
 void tst_DOMDocument::failedSaveLeavesTheOldFile()

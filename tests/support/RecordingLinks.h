@@ -1,7 +1,6 @@
 #pragma once
-// The other managers as a window test sees them: every request recorded in order, as
-// "RBT", "SSF", "TSL" for a manager shown and "rbt <file>", "ssf <file>" for a hand-over
-// ("-" where no file is given).
+// The other managers as a window test sees them: every request recorded in order, "RBT",
+// "SSF", "TSL" for a manager shown, "rbt <file>", "ssf <file>" for a hand-over ("-": none).
 
 #include "foundation/controls/SuiteLinks.h"
 
@@ -12,12 +11,6 @@ struct RecordingLinks : SuiteLinks {
     void ShowRBTManager() override { calls << QStringLiteral("RBT"); }
     void ShowSSFManager() override { calls << QStringLiteral("SSF"); }
     void ShowTSLManager() override { calls << QStringLiteral("TSL"); }
-    void EditRBT(const std::optional<QString>& file) override { edit("rbt ", file); }
-    void EditSSF(const std::optional<QString>& file) override { edit("ssf ", file); }
-
-private:
-    void edit(const char* kind, const std::optional<QString>& file)
-    {
-        calls << QLatin1String(kind) + file.value_or(QStringLiteral("-"));
-    }
+    void EditRBT(const std::optional<QString>& f) override { calls << "rbt " + f.value_or("-"); }
+    void EditSSF(const std::optional<QString>& f) override { calls << "ssf " + f.value_or("-"); }
 };

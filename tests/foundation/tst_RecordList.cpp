@@ -1,5 +1,4 @@
-// The record list of every document: Ids by place or kept, the very object handed out, and
-// the limit of 32767 records.
+// The record list of every document: Ids by place or kept, and the limit of 32767 records.
 
 #include "foundation/RecordList.h"
 

@@ -1,5 +1,5 @@
-// The LTA scanner: model texts inline, the sample models, its limits, the files it refuses, and
-// a plain second reading that it must agree with on random texts.
+// The LTA scanner: inline models, samples, limits, refused files, and random texts it must read
+// as a plain second reading does.
 
 #include "rig/LtaScanner.h"
 #include "tests/support/TestFiles.h"

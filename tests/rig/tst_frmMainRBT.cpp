@@ -1,5 +1,4 @@
-// The rig binding manager driven as a user drives it: one authoring session over a real model,
-// and the failures of its files, each with its message and the shown document kept.
+// The rig binding manager driven as a user would: a session, and failures that keep its document.
 
 #include "foundation/mdlGeneral.h"
 #include "rig/frmMainRBT.h"

@@ -1,5 +1,4 @@
-// The show listing window driven as a user would: one session from New to a failed open, and
-// the failures that must lose nothing.
+// The show listing window driven as a user would: a session, and failures that lose nothing.
 
 #include "foundation/mdlGeneral.h"
 #include "show/frmMainTSL.h"

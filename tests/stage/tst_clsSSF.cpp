@@ -66,7 +66,6 @@ void tst_clsSSF::loadThenSave_data()
         << scene(R"(<sound id="0" name="n" type="sound"/>)") << QByteArray();
     QTest::newRow("camera without orientation")
         << scene(R"(<camera id="0" name="" position=",,"/>)") << QByteArray();
-    QTest::newRow("32769 children") << scene("<x/>"_ba.repeated(32769)) << QByteArray();
     QTest::newRow("32767 cameras")
         << scene(camera.repeated(32767)) << scene(camera.repeated(32767));
     QTest::newRow("32768 cameras") << scene(camera.repeated(32768)) << QByteArray();

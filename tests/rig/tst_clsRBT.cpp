@@ -15,6 +15,11 @@ private slots:
     {
         QTest::addColumn<QByteArray>("file");
         QTest::addColumn<QByteArray>("saved"); // empty: Load must fail
+        const QByteArray example =
+            R"(<rbt name="Hero" type="model" model="models\\hero.ltb" texture="" icon="">)"
+            R"(<joint id="0" node="Head" min="-90.0" max="90.0" vector="0.0,1.0,0.0" action="rotate" desc="Nod"/>)"
+            R"(<animation id="3" name="Wave"/></rbt>)"_ba;
+        QTest::newRow("example") << example << example;
         const auto rbt = [](const QByteArray& children) {
             return R"(<rbt name="H" type="model" model="h.ltb" texture="" icon="">)" + children +
                    "</rbt>";

@@ -15,6 +15,9 @@ private slots:
     {
         QTest::addColumn<QByteArray>("file");
         QTest::addColumn<QByteArray>("saved"); // empty: Load must fail
+        const QByteArray example =
+            R"(<play title="Opening" mainworld="..\rez\worlds\park"><scene id="0" name="Act one" ssf="..\\rez\\act1.ssf"/></play>)"_ba;
+        QTest::newRow("example") << example << example;
         const QByteArray scene = R"(<scene id="0" name="x" ssf="a.ssf"/>)"_ba;
         const auto play = [](const QByteArray& children) {
             return R"(<play title="t" mainworld="">)" + children + "</play>";

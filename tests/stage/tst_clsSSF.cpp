@@ -24,6 +24,13 @@ void tst_clsSSF::loadThenSave_data()
 {
     QTest::addColumn<QByteArray>("file");
     QTest::addColumn<QByteArray>("saved"); // empty: Load must fail
+    const QByteArray example =
+        R"(<scene world="..\rez\worlds\theatre" maincamera="0" nickname="" server="" port="">)"
+        R"(<puppet id="0" rbt="..\\rez\\bear.rbt" position="0.0,0.0,0.0" scale="1.0,1.0,1.0" orientation="0.0,90.0,0.0"/>)"
+        R"(<sound id="0" name="hello" type="dialog" file="..\\rez\\sounds\\hello"/>)"
+        R"(<sound id="1" name="door" type="sound" file="..\\rez\\sounds\\door.wav"/>)"
+        R"(<camera id="0" name="front" position="0.0,10.0,-5.0" orientation="0.0,0.0,0.0"/></scene>)"_ba;
+    QTest::newRow("example") << example << example;
     const auto scene = [](const QByteArray& children) {
         return R"(<scene world="w" maincamera="" nickname="" server="" port="">)" + children +
                "</scene>";

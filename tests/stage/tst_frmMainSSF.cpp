@@ -22,7 +22,6 @@ class tst_frmMainSSF : public QObject {
     std::unique_ptr<WindowDriver> ui;
 
     QString path(const QString& name) const { return files->path(name); }
-    QStringList rows(const QString& list) const { return ui->rows(list); }
     void choose(const QString& control, const QString& file)
     {
         ui->chooseFile(*dialogs, control, file);
@@ -45,7 +44,6 @@ private slots:
     }
 
     void anAuthoringSession();
-    void aBadFileShowsTheOpenMessageAndKeepsTheShownScene_data();
     void aBadFileShowsTheOpenMessageAndKeepsTheShownScene();
     void rowsLineUpInFixedColumns_data();
     void rowsLineUpInFixedColumns();
@@ -63,12 +61,12 @@ void tst_frmMainSSF::anAuthoringSession()
 
     // Two puppets: the first with its file and a position typed key by key.
     ui->click(u"Command1"_s);
-    QCOMPARE(rows(u"lstPuppets"_s),
+    QCOMPARE(ui->rows(u"lstPuppets"_s),
              QStringList{QString(30, u' ') + u"(0.0,0.0,0.0)   (1.0,1.0,1.0)   (0.0,0.0,0.0)"_s});
     choose(u"Command3"_s, path(u"Bear.rbt"_s));
     ui->clearText(u"txtPosX"_s);
     ui->type(u"txtPosX"_s, u"-1"_s); // the row follows each key
-    QCOMPARE(rows(u"lstPuppets"_s).first().left(46),
+    QCOMPARE(ui->rows(u"lstPuppets"_s).first().left(46),
              u"..\\rez\\Bear.rbt"_s.leftJustified(30) + u"(-1,0.0,0.0)    "_s);
     ui->click(u"Command1"_s);
     ui->type(u"txtScaleZ"_s, u"2"_s);
@@ -93,9 +91,9 @@ void tst_frmMainSSF::anAuthoringSession()
     ui->type(u"txtNameSound"_s, u"hello"_s);
     choose(u"Command2"_s, u"/elsewhere/hello07.wav"_s);
     ui->click(u"chkDialog"_s);
-    QCOMPARE(rows(u"lstSounds"_s)[1], u"hello"_s.leftJustified(27) +
-                                          u"..\\rez\\sounds\\hello07.wav"_s.leftJustified(38) +
-                                          u"dialog"_s);
+    QCOMPARE(ui->rows(u"lstSounds"_s)[1], u"hello"_s.leftJustified(27) +
+                                              u"..\\rez\\sounds\\hello07.wav"_s.leftJustified(38) +
+                                              u"dialog"_s);
     QCOMPARE(mdlGeneral::strCurrentDir, path({}) + u'/');
 
     // Two cameras; the main camera picked from the list that fills as it drops down.
@@ -124,28 +122,20 @@ void tst_frmMainSSF::anAuthoringSession()
     QCOMPARE(window->CurrentFile(), u"scene.ssf"_s);
 
     // Open it again after a New: the same rows, the dialog line's file by its stem.
-    const QStringList puppets = rows(u"lstPuppets"_s), cameras = rows(u"lstCameras"_s);
+    const QStringList puppets = ui->rows(u"lstPuppets"_s), cameras = ui->rows(u"lstCameras"_s);
     ui->trigger(u"menNewSSF"_s);
-    QCOMPARE(rows(u"lstPuppets"_s), QStringList());
+    QCOMPARE(ui->rows(u"lstPuppets"_s), QStringList());
     choose(u"menOpenSSF"_s, path(u"scene.ssf"_s));
-    QCOMPARE(rows(u"lstPuppets"_s), puppets);
-    QCOMPARE(rows(u"lstCameras"_s), cameras);
-    QCOMPARE(rows(u"lstSounds"_s)[1].mid(27, 38).trimmed(), u"..\\rez\\sounds\\hello.wav"_s);
+    QCOMPARE(ui->rows(u"lstPuppets"_s), puppets);
+    QCOMPARE(ui->rows(u"lstCameras"_s), cameras);
+    QCOMPARE(ui->rows(u"lstSounds"_s)[1].mid(27, 38).trimmed(), u"..\\rez\\sounds\\hello.wav"_s);
     QCOMPARE(ui->comboBox(u"txtMainCamera"_s)->currentText(), u"back"_s);
     QCOMPARE(ui->textBox(u"txtNickname"_s)->Text(), uR"(Ann & "Bo" <3> Zoë)"_s);
 }
 
-void tst_frmMainSSF::aBadFileShowsTheOpenMessageAndKeepsTheShownScene_data()
-{
-    QTest::addColumn<QByteArray>("bytes"); // null: no file of that name
-    QTest::newRow("missing") << QByteArray();
-    QTest::newRow("puppet without scale")
-        << R"(<scene world=""><puppet id="0" rbt="" position="0,0,0" orientation="0,0,0"/></scene>)"_ba;
-}
-
+// A missing file, and one that fails at its first puppet.
 void tst_frmMainSSF::aBadFileShowsTheOpenMessageAndKeepsTheShownScene()
 {
-    QFETCH(QByteArray, bytes);
     // The main camera of the shown scene has an Id that is no number, stored as text.
     choose(
         u"menOpenSSF"_s,
@@ -154,15 +144,16 @@ void tst_frmMainSSF::aBadFileShowsTheOpenMessageAndKeepsTheShownScene()
                      R"(<camera id="007" name="seven" position=",," orientation=",,"/>)"
                      R"(<camera id="a" name="letter" position=",," orientation=",,"/></scene>)"));
     const clsSSF* shown = window->Document();
-    const QStringList cameras = rows(u"lstCameras"_s);
-    if (!bytes.isNull())
-        files->write(u"bad.ssf"_s, bytes);
-
-    choose(u"menOpenSSF"_s, path(u"bad.ssf"_s));
-    QCOMPARE(dialogs->messages(), QStringList{u"Cannot open the SSF file "_s + path(u"bad.ssf"_s)});
-    QCOMPARE(window->Document(), shown);
-    QCOMPARE(rows(u"lstCameras"_s), cameras);
-    QCOMPARE(window->CurrentFile(), u"good.ssf"_s);
+    const QStringList cameras = ui->rows(u"lstCameras"_s);
+    files->write(u"bad.ssf"_s, R"(<scene world=""><puppet id="0" rbt="" position="0,0,0" )"
+                               R"(orientation="0,0,0"/></scene>)");
+    for (const QString& bad : {path(u"missing.ssf"_s), path(u"bad.ssf"_s)}) {
+        choose(u"menOpenSSF"_s, bad);
+        QCOMPARE(dialogs->messages().last(), u"Cannot open the SSF file "_s + bad);
+        QCOMPARE(window->Document(), shown);
+        QCOMPARE(ui->rows(u"lstCameras"_s), cameras);
+        QCOMPARE(window->CurrentFile(), u"good.ssf"_s);
+    }
     QCOMPARE(ui->comboBox(u"txtMainCamera"_s)->currentText(), u"letter"_s);
     ui->pickComboRow(u"txtMainCamera"_s, 0);          // editing goes on in the shown scene
     QCOMPARE(window->Document()->MainCamera, u"7"_s); // a number Id is taken as its integer
@@ -196,12 +187,10 @@ void tst_frmMainSSF::rowsLineUpInFixedColumns_data()
         << sound("a", QByteArray(34, 'f'), "music") << u"lstSounds"_s
         << u"a"_s.leftJustified(27) + QString(34, u'f') + u".wav"_s + u"music"_s;
 
-    const auto camera = [](const QByteArray& name, const QByteArray& position) {
-        return R"(<camera id="0" name=")" + name + R"(" position=")" + position +
-               R"(" orientation="0.0,0.0,0.0"/>)";
-    };
     QTest::newRow("camera name of 50 cut")
-        << camera(QByteArray(41, 'c') + "123456789", "0,0,0") << u"lstCameras"_s
+        << R"(<camera id="0" name=")" + QByteArray(41, 'c') +
+               R"(123456789" position="0,0,0" orientation="0.0,0.0,0.0"/>)"
+        << u"lstCameras"_s
         << QString(41, u'c') + u" (0,0,0)"_s.leftJustified(21) + u"(0.0,0.0,0.0)"_s;
 }
 
@@ -211,10 +200,10 @@ void tst_frmMainSSF::rowsLineUpInFixedColumns()
     QFETCH(QString, list);
     QFETCH(QString, row);
     choose(u"menOpenSSF"_s, files->write(u"row.ssf"_s, R"(<scene world="">)" + child + "</scene>"));
-    QCOMPARE(rows(list), QStringList{row});
+    QCOMPARE(ui->rows(list), QStringList{row});
     // Selecting the row writes every field back: the row stays as it was.
     ui->listBox(list)->setListIndex(0);
-    QCOMPARE(rows(list), QStringList{row});
+    QCOMPARE(ui->rows(list), QStringList{row});
 }
 
 QTEST_MAIN(tst_frmMainSSF)

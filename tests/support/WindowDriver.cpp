@@ -46,11 +46,6 @@ void WindowDriver::pickRow(const QString& name, int row)
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(item).center());
 }
 
-void WindowDriver::pressKey(const QString& name, Qt::Key key)
-{
-    QTest::keyClick(find<QWidget>(name), key);
-}
-
 void WindowDriver::pickComboRow(const QString& name, int row)
 {
     ComboBox* combo = comboBox(name);

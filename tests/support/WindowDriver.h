@@ -8,6 +8,7 @@
 #include "foundation/controls/TextBox.h"
 
 #include <QAction>
+#include <QTest>
 
 class ScriptedDialogService;
 
@@ -40,10 +41,9 @@ public:
     void click(const QString& name);
     // Chooses a menu entry (nothing happens when it is disabled).
     void trigger(const QString& name) { menuEntry(name)->trigger(); }
-    // A left click on row `row` of a list.
     void pickRow(const QString& name, int row);
     // A key pressed and released on a list (or any control).
-    void pressKey(const QString& name, Qt::Key key);
+    void pressKey(const QString& name, Qt::Key key) { QTest::keyClick(find<QWidget>(name), key); }
     // Opens the list of a combo box, moves to row `row` and takes it with Enter.
     void pickComboRow(const QString& name, int row);
     // Every row text of a list, top to bottom.

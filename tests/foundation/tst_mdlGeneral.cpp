@@ -36,8 +36,6 @@ private slots:
             << uR"(c:\game\rez\a.ltb)"_s << uR"(c:\game\rez2\)"_s << uR"(..\rez\a.ltb)"_s;
         QTest::newRow("siblings of one length")
             << uR"(c:\game\rez1\a.ltb)"_s << uR"(c:\game\rez2\)"_s << uR"(..\rez1\a.ltb)"_s;
-        QTest::newRow("dot dot kept")
-            << uR"(C:\Game\Rez\..\Models\Hero.ltb)"_s << rez << uR"(..\models\hero.ltb)"_s;
         QTest::newRow("the base itself") << uR"(C:\Game\Rez)"_s << rez << QString();
         QTest::newRow("base without backslash")
             << uR"(c:\game\rez\)"_s << uR"(C:\GAME\REZ)"_s << QString();

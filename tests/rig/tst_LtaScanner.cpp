@@ -1,5 +1,4 @@
-// The LTA scanner: inline models, samples, limits, refused files, and random texts it must read
-// as a plain second reading does.
+// The LTA scanner: inline and sample models, limits, refused files, random texts read twice.
 
 #include "rig/LtaScanner.h"
 #include "tests/support/TestFiles.h"

@@ -1,7 +1,6 @@
 // The suite: hand-overs and Tools entries across the managers; files on the command line.
 
 #include "app/Suite.h"
-#include "foundation/controls/ListBox.h"
 #include "foundation/mdlGeneral.h"
 #include "rig/frmMainRBT.h"
 #include "show/frmMainTSL.h"
@@ -19,7 +18,7 @@ namespace {
 
 const QString Examples = QStringLiteral(TROUPE_EXAMPLES_DIR) + u'/';
 
-template <class Window> Window* shown()
+template <class Window> Window* shown() // the one manager of its kind, when it is shown
 {
     QList<Window*> found;
     for (QWidget* widget : QApplication::topLevelWidgets())
@@ -47,7 +46,7 @@ private slots:
     void aShowFromItsListingToAPuppetsRigBinding()
     {
         auto scripted = std::make_unique<ScriptedDialogService>();
-        const ScriptedDialogService& dialogs = *scripted;
+        const QStringList& messages = scripted->messages();
         Suite suite(std::move(scripted));
         QVERIFY(suite.OpenFiles({Examples + u"midnight.tsl"_s}).isEmpty());
         WindowDriver show(shown<frmMainTSL>());
@@ -67,7 +66,7 @@ private slots:
         rig.trigger(u"menSFFEditor"_s);
         QCOMPARE(shown<frmMainSSF>(), ssf);
         QCOMPARE(ssf->Document(), scene);
-        QCOMPARE(dialogs.messages(), QStringList());
+        QCOMPARE(messages, QStringList());
     }
 
     void filesOnTheCommandLine_data()
@@ -101,9 +100,8 @@ private slots:
         };
         Suite suite(std::make_unique<ScriptedDialogService>());
 
-        const QStringList failures = suite.OpenFiles(paths(files));
         QStringList named; // each failure begins with the path it names
-        for (const QString& failure : failures)
+        for (const QString& failure : suite.OpenFiles(paths(files)))
             named << failure.section(u": "_s, 0, 0);
         QCOMPARE(named, paths(failing));
         QCOMPARE(QStringList({state<frmMainRBT>(), state<frmMainSSF>(), state<frmMainTSL>()}),

@@ -1,14 +1,11 @@
-// The XML document service: what a load takes and refuses, the bytes it writes, and saves
-// that fail without touching the file that stands there.
+// The XML document service: what a load refuses, the bytes it writes, saves that fail safely.
 
 #include "foundation/DOMDocument.h"
-#include "tests/support/EntityBomb.h"
 #include "tests/support/TestFiles.h"
 
 #include <QtTest>
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -17,10 +14,27 @@ class tst_DOMDocument : public QObject {
 
 private slots:
     void load_data();
-    void load();
-    void everyKindOfChildButWhiteSpaceIsANode();
+    void load()
+    {
+        QFETCH(QString, kind);
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, title);
+        TestFiles files;
+        QString path = files.path(u"in.xml"_s);
+        if (kind == u"bytes")
+            files.write(u"in.xml"_s, bytes);
+        else if (kind == u"fifo")
+            QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+        else if (kind == u"sparse")
+            QVERIFY(QFile(files.write(u"in.xml"_s, bytes)).resize(Limits::MaxFileBytes + 1));
+        DOMDocument doc;
+        QCOMPARE(doc.load(path), !title.isNull());
+        QCOMPARE(doc.documentElement().isNull(), title.isNull());
+        if (!title.isNull())
+            QCOMPARE(doc.documentElement().getAttribute(u"title"), title);
+    }
+
     void writtenBytesReadBack();
-    void failedSaveLeavesTheOldFile_data();
     void failedSaveLeavesTheOldFile();
 };
 
@@ -29,70 +43,23 @@ void tst_DOMDocument::load_data()
     QTest::addColumn<QString>("kind"); // "bytes" is a file holding `bytes`
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("title"); // null: load must fail
-    const QString utf16 = u"<play title=\"Été\"/>"_s;
     QTest::newRow("missing") << u"missing"_s << QByteArray() << QString();
-    QTest::newRow("directory") << u"directory"_s << QByteArray() << QString();
     QTest::newRow("FIFO without writer") << u"fifo"_s << QByteArray() << QString();
-    QTest::newRow("device") << u"/dev/zero"_s << QByteArray() << QString();
     QTest::newRow("over 64 MiB") << u"sparse"_s << R"(<play title="t"/>)"_ba << QString();
-    QTest::newRow("empty") << u"bytes"_s << QByteArray() << QString();
-    QTest::newRow("binary") << u"bytes"_s << QByteArray("\x00\x01\xff\xfe<\x00>", 7) << QString();
     QTest::newRow("cut off") << u"bytes"_s << R"(<play title="a"><scene id="0" na)"_ba << QString();
-    QTest::newRow("two roots") << u"bytes"_s << "<a/><b/>"_ba << QString();
-    QTest::newRow("undeclared entity") << u"bytes"_s << R"(<play title="&x;"/>)"_ba << QString();
-    QTest::newRow("entity bomb") << u"bytes"_s
-                                 << EntityBombPrologue("play") + R"(<play title="&l9;"/>)"
-                                 << QString();
-    QTest::newRow("small entity") << u"bytes"_s
-                                  << R"(<!DOCTYPE p [<!ENTITY w "park">]><p title="&w;"/>)"_ba
-                                  << u"park"_s;
+    // A billion laughs: `&l9;` expands to 10^9 characters, beyond Qt's expansion limit.
+    QByteArray bomb = R"(<!DOCTYPE play [<!ENTITY l0 "lol">)";
+    for (int level = 1; level <= 9; ++level)
+        bomb += "<!ENTITY l" + QByteArray::number(level) + " \"" +
+                ("&l" + QByteArray::number(level - 1) + ';').repeated(10) + "\">";
+    QTest::newRow("entity bomb") << u"bytes"_s << bomb + R"(]><play title="&l9;"/>)" << QString();
+    auto utf16 = QStringEncoder(QStringEncoder::Utf16LE, QStringEncoder::Flag::WriteBom);
     QTest::newRow("UTF-16 with byte-order mark")
-        << u"bytes"_s
-        << "\xff\xfe"_ba +
-               QByteArray(reinterpret_cast<const char*>(utf16.utf16()), utf16.size() * 2)
-        << u"Été"_s;
+        << u"bytes"_s << QByteArray(utf16(u"<play title=\"Été\"/>"_s)) << u"Été"_s;
     QTest::newRow("300000 nested elements") << u"bytes"_s
                                             << R"(<play title="t">)" + "<a>"_ba.repeated(300000) +
                                                    "</a>"_ba.repeated(300000) + "</play>"
                                             << u"t"_s;
-}
-
-void tst_DOMDocument::load()
-{
-    QFETCH(QString, kind);
-    QFETCH(QByteArray, bytes);
-    QFETCH(QString, title);
-    TestFiles files;
-    QString path = files.path(u"in.xml"_s);
-    if (kind == u"bytes")
-        files.write(u"in.xml"_s, bytes);
-    else if (kind == u"directory")
-        QVERIFY(QDir().mkdir(path));
-    else if (kind == u"fifo")
-        QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
-    else if (kind == u"sparse")
-        QVERIFY(QFile(files.write(u"in.xml"_s, bytes)).resize(Limits::MaxFileBytes + 1));
-    else if (kind != u"missing")
-        path = kind;
-    DOMDocument doc;
-    QCOMPARE(doc.load(path), !title.isNull());
-    QCOMPARE(doc.documentElement().isNull(), title.isNull());
-    if (!title.isNull())
-        QCOMPARE(doc.documentElement().getAttribute(u"title"), title);
-}
-
-void tst_DOMDocument::everyKindOfChildButWhiteSpaceIsANode()
-{
-    // A load fails at a child that is no element, so every other kind must stay a node.
-    using Kind = XmlNode::Kind;
-    DOMDocument doc;
-    QVERIFY(doc.loadXML(u"<p>\n <a/> <!--c--> x <![CDATA[ ]]> <?pi d?>\r\n\t</p>"_s));
-    QList<Kind> kinds;
-    for (const XmlNode child : doc.documentElement().childNodes())
-        kinds << child.kind();
-    QCOMPARE(kinds, QList<Kind>({Kind::Element, Kind::Comment, Kind::Text, Kind::CData,
-                                 Kind::ProcessingInstruction}));
-    QCOMPARE(doc.documentElement().childNodes().length(), 5);
 }
 
 void tst_DOMDocument::writtenBytesReadBack()
@@ -114,48 +81,21 @@ void tst_DOMDocument::writtenBytesReadBack()
     DOMDocument again;
     QVERIFY(again.loadXML(QString::fromUtf8(bytes)));
     QCOMPARE(again.documentElement().getAttribute(u"title"), text);
-    QCOMPARE(again.toByteArray().value_or(QByteArray()), bytes);
 }
 
-void tst_DOMDocument::failedSaveLeavesTheOldFile_data()
-{
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<bool>("readOnlyDirectory");
-    QTest::newRow("control character") << u"a\u0001b"_s << false;
-    QTest::newRow("NUL") << QString(QChar(0)) << false;
-    QTest::newRow("U+FFFE") << u"a\uFFFE"_s << false;
-    QTest::newRow("unpaired surrogate") << QString(QChar(0xd800)) + u"x"_s << false;
-    QTest::newRow("directory takes no temporary file") << u"new"_s << true;
-}
-
+// A text XML cannot carry fails the save before the file is touched.
 void tst_DOMDocument::failedSaveLeavesTheOldFile()
 {
-    QFETCH(QString, title);
-    QFETCH(bool, readOnlyDirectory);
-    TestFiles files;
-    QVERIFY(QDir().mkdir(files.path(u"show"_s)));
-    const QString old = files.write(u"show/a.tsl"_s, R"(<play title="old"/>)"_ba);
-    DOMDocument doc;
-    doc.loadXML(u"<play></play>"_s);
-    doc.documentElement().setAttribute(u"title"_s, title);
-    bool saved = true;
-    if (readOnlyDirectory) {
-        // The file may be written, its directory not. Root, whom no mode stops, saves as
-        // nobody for this one call.
-        QFile::setPermissions(files.path({}), QFileDevice::Permissions(0x7755));
-        QFile::setPermissions(old, QFileDevice::Permissions(0x6666));
-        QFile::setPermissions(files.path(u"show"_s), QFileDevice::Permissions(0x5555));
-        const bool root = geteuid() == 0;
-        QVERIFY(!root || seteuid(65534) == 0);
-        saved = doc.save(old);
-        QVERIFY(!root || seteuid(0) == 0);
-        QFile::setPermissions(files.path(u"show"_s), QFileDevice::Permissions(0x7755));
-    } else {
-        saved = doc.save(old);
+    for (const QString& title : {u"a\u0001b"_s, u"a\uFFFE"_s, QString(QChar(0xd800)) + u"x"_s}) {
+        TestFiles files;
+        const QString old = files.write(u"a.tsl"_s, R"(<play title="old"/>)"_ba);
+        DOMDocument doc;
+        doc.loadXML(u"<play></play>"_s);
+        doc.documentElement().setAttribute(u"title"_s, title);
+        QVERIFY(!doc.save(old));
+        QCOMPARE(TestFiles::read(old), R"(<play title="old"/>)"_ba);
+        QCOMPARE(QDir(files.path({})).entryList(QDir::Files), QStringList(u"a.tsl"_s));
     }
-    QVERIFY(!saved);
-    QCOMPARE(TestFiles::read(old), R"(<play title="old"/>)"_ba);
-    QCOMPARE(QDir(files.path(u"show"_s)).entryList(QDir::Files), QStringList(u"a.tsl"_s));
 }
 
 QTEST_APPLESS_MAIN(tst_DOMDocument)

@@ -1,5 +1,4 @@
-// The record list of every document: Ids by place or kept, the very object handed out, and
-// the limit of 32767 records.
+// The record list of every document: Ids by place or kept, and the limit of 32767 records.
 
 #include "foundation/RecordList.h"
 
@@ -21,49 +20,43 @@ template <class List> QStringList ids(const List& list)
     return result;
 }
 
-std::shared_ptr<Record> record(const QString& id = {}) { return std::make_shared<Record>(id); }
-
 } // namespace
 
 class tst_RecordList : public QObject {
     Q_OBJECT
 
 private slots:
-    void idsByPlaceAreRenumberedOnlyBehindADelete();
-    void keptIdsAndTheLimit();
+    void idsByPlaceAreRenumberedOnlyBehindADelete()
+    {
+        RecordList<Record> list;
+        for (const QString& id : {u"3"_s, u"7"_s, u"9"_s, u"11"_s})
+            QVERIFY(list.AppendLoaded(std::make_shared<Record>(id)));
+        list.Add(std::make_shared<Record>());
+        QCOMPARE(ids(list), QStringList({u"3"_s, u"7"_s, u"9"_s, u"11"_s, u"4"_s}));
+        list.Delete(1);
+        list.Delete(-1); // out of range: nothing happens
+        list.Delete(4);
+        list.At(1)->Id = u"edited"_s; // the very object of the list
+        QCOMPARE(ids(list), QStringList({u"3"_s, u"edited"_s, u"2"_s, u"3"_s}));
+        QCOMPARE(list.At(4), nullptr);
+    }
+
+    void keptIdsAndTheLimit()
+    {
+        RecordList<Record, Numbering::Kept> list;
+        list.Add(std::make_shared<Record>(u"7"_s));
+        list.Add(std::make_shared<Record>(u"4"_s));
+        list.Delete(0);
+        list.Add(nullptr);
+        QCOMPARE(ids(list), QStringList({u"4"_s}));
+        while (list.Count() < 32767)
+            list.Add(std::make_shared<Record>());
+        list.Add(std::make_shared<Record>(u"over"_s));
+        QVERIFY(!list.AppendLoaded(std::make_shared<Record>(u"over"_s)));
+        QCOMPARE(list.Count(), qint16(32767));
+        QCOMPARE(list.At(32766)->Id, QString());
+    }
 };
-
-void tst_RecordList::idsByPlaceAreRenumberedOnlyBehindADelete()
-{
-    RecordList<Record> list;
-    for (const QString& id : {u"3"_s, u"7"_s, u"9"_s, u"11"_s})
-        QVERIFY(list.AppendLoaded(record(id)));
-    list.Add(record(u"x"_s));
-    QCOMPARE(ids(list), QStringList({u"3"_s, u"7"_s, u"9"_s, u"11"_s, u"4"_s}));
-    list.Delete(1);
-    QCOMPARE(ids(list), QStringList({u"3"_s, u"1"_s, u"2"_s, u"3"_s}));
-    list.Delete(-1); // out of range: nothing happens
-    list.Delete(4);
-    QCOMPARE(list.At(4), nullptr);
-    list.At(0)->Id = u"edited"_s; // the very object of the list
-    QCOMPARE(ids(list), QStringList({u"edited"_s, u"1"_s, u"2"_s, u"3"_s}));
-}
-
-void tst_RecordList::keptIdsAndTheLimit()
-{
-    RecordList<Record, Numbering::Kept> list;
-    list.Add(record(u"7"_s));
-    list.Add(record(u"4"_s));
-    list.Delete(0);
-    list.Add(nullptr);
-    QCOMPARE(ids(list), QStringList({u"4"_s}));
-    while (list.Count() < 32767)
-        list.Add(record());
-    list.Add(record(u"over"_s));
-    QVERIFY(!list.AppendLoaded(record(u"over"_s)));
-    QCOMPARE(list.Count(), qint16(32767));
-    QCOMPARE(list.At(32766)->Id, QString());
-}
 
 QTEST_APPLESS_MAIN(tst_RecordList)
 #include "tst_RecordList.moc"

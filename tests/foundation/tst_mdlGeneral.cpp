@@ -1,5 +1,4 @@
-// Path services: splitting a path at either separator, the relative form stored in files,
-// the doubling of backslashes, and file names matched without regard to case.
+// Path services: splitting, the relative form stored in files, backslashes, case.
 
 #include "foundation/mdlGeneral.h"
 #include "tests/support/TestFiles.h"
@@ -13,106 +12,79 @@ class tst_mdlGeneral : public QObject {
     Q_OBJECT
 
 private slots:
-    void splitAtTheLastSeparator_data();
-    void splitAtTheLastSeparator();
-    void relativePath_data();
-    void relativePath();
-    void doubledBackslashesComeBack();
-    void fileNamesMatchWithoutCase();
+    void splitAtTheLastSeparatorOfEitherKind()
+    {
+        const auto split = [](const QString& p) { return GetDirectory(p) + u'|' + GetFileName(p); };
+        QCOMPARE(split(u"hero.ltb"_s), u"|hero.ltb"_s);
+        QCOMPARE(split(uR"(c:\game\)"_s), uR"(c:\game\|)"_s);
+        QCOMPARE(split(uR"(a\b/c.ssf)"_s), uR"(a\b/|c.ssf)"_s);
+        QCOMPARE(split(uR"(a/b\c.ssf)"_s), uR"(a/b\|c.ssf)"_s);
+    }
+
+    void relativePath_data()
+    {
+        QTest::addColumn<QString>("target");
+        QTest::addColumn<QString>("base");
+        QTest::addColumn<QString>("stored");
+        const QString rez = uR"(C:\Game\Rez\)"_s;
+        QTest::newRow("sub-directory")
+            << uR"(C:\Game\Rez\Models\Hero.LTB)"_s << rez << uR"(models\hero.ltb)"_s;
+        QTest::newRow("sibling") << uR"(C:\Game\Art\Hero.ltb)"_s << rez << uR"(..\art\hero.ltb)"_s;
+        QTest::newRow("name that begins like the base's")
+            << uR"(c:\game\rez2\a.ltb)"_s << rez << uR"(..\rez2\a.ltb)"_s;
+        QTest::newRow("base that begins like the name")
+            << uR"(c:\game\rez\a.ltb)"_s << uR"(c:\game\rez2\)"_s << uR"(..\rez\a.ltb)"_s;
+        QTest::newRow("siblings of one length")
+            << uR"(c:\game\rez1\a.ltb)"_s << uR"(c:\game\rez2\)"_s << uR"(..\rez1\a.ltb)"_s;
+        QTest::newRow("the base itself") << uR"(C:\Game\Rez)"_s << rez << QString();
+        QTest::newRow("base without backslash")
+            << uR"(c:\game\rez\)"_s << uR"(C:\GAME\REZ)"_s << QString();
+        QTest::newRow("empty base")
+            << uR"(C:\Game\Hero.ltb)"_s << QString() << uR"(c:\game\hero.ltb)"_s;
+        QTest::newRow("empty base, one leading backslash goes")
+            << uR"(\\Srv\Hero.ltb)"_s << QString() << uR"(\srv\hero.ltb)"_s;
+        QTest::newRow("another drive loses its letter")
+            << uR"(d:\art\hero.ltb)"_s << uR"(c:\game\rez\)"_s << uR"(..\..\art\hero.ltb)"_s;
+        QTest::newRow("linux up two")
+            << u"/home/art/Hero.ltb"_s << u"/home/ann/show"_s << uR"(..\..\art\hero.ltb)"_s;
+    }
+
+    void relativePath()
+    {
+        QFETCH(QString, target);
+        QFETCH(QString, base);
+        QFETCH(QString, stored);
+        QCOMPARE(MakeRelativePath(target, base), stored);
+        // Stable from then on: joined to the base as a load does, it gives the same text back.
+        const QString directory = GetFileName(base).isEmpty() ? base : base + u'\\';
+        if (!stored.isEmpty() && !base.isEmpty())
+            QCOMPARE(MakeRelativePath(directory + StoredToNative(stored), base), stored);
+    }
+
+    void doubledBackslashesComeBack()
+    {
+        QCOMPARE(DoubleBackslashes(uR"(..\rez\a\\b)"_s), uR"(..\\rez\\a\\\\b)"_s);
+        QCOMPARE(UndoubleBackslashes(uR"(..\\rez\\a\\\\b)"_s), uR"(..\rez\a\\b)"_s);
+        // A lone backslash of a hand-made file survives; three become two, left to right.
+        QCOMPARE(UndoubleBackslashes(uR"(..\rez\a\\\b)"_s), uR"(..\rez\a\\b)"_s);
+    }
+
+    void fileNamesMatchWithoutCase()
+    {
+        // Saved lower case, opened on a file system where case counts: an exact match first,
+        // then the first by byte order ("HERO" < "Hero" < "hero"); no match keeps the name.
+        TestFiles files;
+        QVERIFY(QDir().mkpath(files.path(u"Models/Rez"_s)));
+        for (const QString& name : {u"hero.LTA"_s, u"Hero.lta"_s, u"HERO.lta"_s})
+            files.write(u"Models/Rez/"_s + name, {});
+        const auto resolved = [&](const QString& name) {
+            return ResolveFileCase(files.path(name));
+        };
+        QCOMPARE(resolved(u"models/rez/hero.lta"_s), files.path(u"Models/Rez/HERO.lta"_s));
+        QCOMPARE(resolved(u"MODELS/REZ/Hero.lta"_s), files.path(u"Models/Rez/Hero.lta"_s));
+        QCOMPARE(resolved(u"models/nowhere.lta"_s), files.path(u"models/nowhere.lta"_s));
+    }
 };
-
-void tst_mdlGeneral::splitAtTheLastSeparator_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("directory");
-    QTest::addColumn<QString>("fileName");
-    QTest::newRow("bare name") << u"hero.ltb"_s << QString() << u"hero.ltb"_s;
-    QTest::newRow("empty") << QString() << QString() << QString();
-    QTest::newRow("windows directory") << uR"(c:\game\)"_s << uR"(c:\game\)"_s << QString();
-    QTest::newRow("linux") << u"/home/ann/a.tsl"_s << u"/home/ann/"_s << u"a.tsl"_s;
-    QTest::newRow("slash last") << uR"(a\b/c.ssf)"_s << uR"(a\b/)"_s << u"c.ssf"_s;
-    QTest::newRow("backslash last") << uR"(a/b\c.ssf)"_s << uR"(a/b\)"_s << u"c.ssf"_s;
-}
-
-void tst_mdlGeneral::splitAtTheLastSeparator()
-{
-    QFETCH(QString, path);
-    QFETCH(QString, directory);
-    QFETCH(QString, fileName);
-    QCOMPARE(GetDirectory(path), directory);
-    QCOMPARE(GetFileName(path), fileName);
-}
-
-void tst_mdlGeneral::relativePath_data()
-{
-    QTest::addColumn<QString>("target");
-    QTest::addColumn<QString>("base");
-    QTest::addColumn<QString>("stored");
-    const QString rez = uR"(C:\Game\Rez\)"_s;
-    QTest::newRow("sub-directory")
-        << uR"(C:\Game\Rez\Models\Hero.LTB)"_s << rez << uR"(models\hero.ltb)"_s;
-    QTest::newRow("same directory") << uR"(C:\Game\Rez\Hero.ltb)"_s << rez << u"hero.ltb"_s;
-    QTest::newRow("sibling") << uR"(C:\Game\Art\Hero.ltb)"_s << rez << uR"(..\art\hero.ltb)"_s;
-    QTest::newRow("name that begins like the base's")
-        << uR"(c:\game\rez2\a.ltb)"_s << rez << uR"(..\rez2\a.ltb)"_s;
-    QTest::newRow("base that begins like the name")
-        << uR"(c:\game\rez\a.ltb)"_s << uR"(c:\game\rez2\)"_s << uR"(..\rez\a.ltb)"_s;
-    QTest::newRow("siblings of one length")
-        << uR"(c:\game\rez1\a.ltb)"_s << uR"(c:\game\rez2\)"_s << uR"(..\rez1\a.ltb)"_s;
-    QTest::newRow("dot dot kept") << uR"(C:\Game\Rez\..\Models\Hero.ltb)"_s << rez
-                                  << uR"(..\models\hero.ltb)"_s;
-    QTest::newRow("the base itself") << uR"(C:\Game\Rez)"_s << rez << QString();
-    QTest::newRow("base without backslash")
-        << uR"(c:\game\rez\)"_s << uR"(C:\GAME\REZ)"_s << QString();
-    QTest::newRow("empty target") << QString() << rez << QString();
-    QTest::newRow("empty base") << uR"(C:\Game\Hero.ltb)"_s << QString()
-                                << uR"(c:\game\hero.ltb)"_s;
-    QTest::newRow("empty base, one leading backslash goes")
-        << uR"(\\Srv\Hero.ltb)"_s << QString() << uR"(\srv\hero.ltb)"_s;
-    QTest::newRow("another drive loses its letter")
-        << uR"(d:\art\hero.ltb)"_s << uR"(c:\game\rez\)"_s << uR"(..\..\art\hero.ltb)"_s;
-    QTest::newRow("linux sub-directory")
-        << u"/home/ann/show/Models/Hero.ltb"_s << u"/home/ann/show/"_s << uR"(models\hero.ltb)"_s;
-    QTest::newRow("linux up two") << u"/home/art/Hero.ltb"_s << u"/home/ann/show"_s
-                                  << uR"(..\..\art\hero.ltb)"_s;
-}
-
-void tst_mdlGeneral::relativePath()
-{
-    QFETCH(QString, target);
-    QFETCH(QString, base);
-    QFETCH(QString, stored);
-    QCOMPARE(MakeRelativePath(target, base), stored);
-    // Stable from then on: joined to the base as a load does, it gives the same text back.
-    const QString directory = GetFileName(base).isEmpty() ? base : base + u'\\';
-    if (!stored.isEmpty() && !base.isEmpty())
-        QCOMPARE(MakeRelativePath(directory + StoredToNative(stored), base), stored);
-}
-
-void tst_mdlGeneral::doubledBackslashesComeBack()
-{
-    QCOMPARE(DoubleBackslashes(uR"(..\rez\a\\b)"_s), uR"(..\\rez\\a\\\\b)"_s);
-    QCOMPARE(UndoubleBackslashes(uR"(..\\rez\\a\\\\b)"_s), uR"(..\rez\a\\b)"_s);
-    // A lone backslash of a hand-made file survives; three become two, left to right.
-    QCOMPARE(UndoubleBackslashes(uR"(..\rez\a\\\b)"_s), uR"(..\rez\a\\b)"_s);
-}
-
-void tst_mdlGeneral::fileNamesMatchWithoutCase()
-{
-    // Saved lower case, opened on a file system where case counts: an exact match first,
-    // then the first by byte order ("HERO" < "Hero" < "hero").
-    TestFiles files;
-    QVERIFY(QDir().mkpath(files.path(u"Models/Rez"_s)));
-    for (const QString& name :
-         {u"Models/Rez/hero.LTA"_s, u"Models/Rez/Hero.lta"_s, u"Models/Rez/HERO.lta"_s})
-        files.write(name, {});
-    QCOMPARE(ResolveFileCase(files.path(u"models/rez/hero.lta"_s)),
-             files.path(u"Models/Rez/HERO.lta"_s));
-    QCOMPARE(ResolveFileCase(files.path(u"MODELS/REZ/Hero.lta"_s)),
-             files.path(u"Models/Rez/Hero.lta"_s));
-    QCOMPARE(ResolveFileCase(files.path(u"models/nowhere.lta"_s)),
-             files.path(u"models/nowhere.lta"_s));
-}
 
 QTEST_APPLESS_MAIN(tst_mdlGeneral)
 #include "tst_mdlGeneral.moc"

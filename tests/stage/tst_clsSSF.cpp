@@ -12,7 +12,12 @@ class tst_clsSSF : public QObject {
 
 private slots:
     void loadThenSave_data();
-    void loadThenSave();
+    void loadThenSave()
+    {
+        QFETCH(QByteArray, file);
+        QFETCH(QByteArray, saved);
+        QCOMPARE(TestFiles().loadThenSave<clsSSF>(file), saved);
+    }
 };
 
 void tst_clsSSF::loadThenSave_data()
@@ -25,6 +30,7 @@ void tst_clsSSF::loadThenSave_data()
         R"(<sound id="0" name="hello" type="dialog" file="..\\rez\\sounds\\hello"/>)"
         R"(<sound id="1" name="door" type="sound" file="..\\rez\\sounds\\door.wav"/>)"
         R"(<camera id="0" name="front" position="0.0,10.0,-5.0" orientation="0.0,0.0,0.0"/></scene>)"_ba;
+    QTest::newRow("example") << example << example;
     const auto scene = [](const QByteArray& children) {
         return R"(<scene world="w" maincamera="" nickname="" server="" port="">)" + children +
                "</scene>";
@@ -39,7 +45,6 @@ void tst_clsSSF::loadThenSave_data()
     const QByteArray camera =
         R"(<camera id="x" name="a\b" position="1,2,3" orientation="4,5,6"/>)"_ba;
 
-    QTest::newRow("example") << example << example;
     QTest::newRow("empty world alone, root of another name")
         << R"(<stage world=""/>)"_ba
         << R"(<scene world="" maincamera="" nickname="" server="" port=""/>)"_ba;
@@ -55,15 +60,12 @@ void tst_clsSSF::loadThenSave_data()
         << scene(camera + sound("sound", "d.wav") + "<Puppet/><x a=\"1\"/>" + puppet(",,"))
         << scene(puppet(",,") + sound("sound", "d.wav") + camera);
     QTest::newRow("dialog line loses the digits in front of its extension")
-        << scene(sound("dialog", "..\\\\rez\\\\sounds\\\\hello07"))
-        << scene(sound("dialog", "..\\\\rez\\\\sounds\\\\hello"));
-    QTest::newRow("only the digits directly in front of the last dot")
-        << scene(sound("dialog", "a1b2")) << scene(sound("dialog", "a1b"));
+        << scene(sound("dialog", "..\\\\rez2\\\\sounds\\\\hello07"))
+        << scene(sound("dialog", "..\\\\rez2\\\\sounds\\\\hello"));
     QTest::newRow("a dot in the name stays")
         << scene(sound("other", "take.2")) << scene(sound("other", "take."));
     QTest::newRow("digits alone leave the directory")
         << scene(sound("dialog", "d\\\\12")) << scene(sound("dialog", "d\\\\"));
-    QTest::newRow("empty dialog file") << scene(sound("dialog", "")) << scene(sound("dialog", ""));
     QTest::newRow("without world") << R"(<scene maincamera="0"/>)"_ba << QByteArray();
     QTest::newRow("puppet without scale")
         << scene(R"(<puppet id="0" rbt="" position=",," orientation=",,"/>)") << QByteArray();
@@ -71,18 +73,9 @@ void tst_clsSSF::loadThenSave_data()
         << scene(R"(<sound id="0" name="n" type="sound"/>)") << QByteArray();
     QTest::newRow("camera without orientation")
         << scene(R"(<camera id="0" name="" position=",,"/>)") << QByteArray();
-    QTest::newRow("processing instruction among children") << scene("<?pi x?>") << QByteArray();
-    QTest::newRow("32769 children") << scene("<x/>"_ba.repeated(32769)) << QByteArray();
     QTest::newRow("32767 cameras")
         << scene(camera.repeated(32767)) << scene(camera.repeated(32767));
     QTest::newRow("32768 cameras") << scene(camera.repeated(32768)) << QByteArray();
-}
-
-void tst_clsSSF::loadThenSave()
-{
-    QFETCH(QByteArray, file);
-    QFETCH(QByteArray, saved);
-    QCOMPARE(TestFiles().loadThenSave<clsSSF>(file), saved);
 }
 
 QTEST_APPLESS_MAIN(tst_clsSSF)

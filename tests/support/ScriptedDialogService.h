@@ -4,10 +4,12 @@
 // it was shown and every message. A dialog with no answer left, or with an answer of the
 // wrong kind, fails the running test and is cancelled.
 
+#include "foundation/controls/CommonDialog.h"
 #include "foundation/controls/DialogService.h"
 
 #include <QList>
 #include <QStringList>
+#include <QTest>
 
 class ScriptedDialogService : public DialogService {
 public:
@@ -29,7 +31,12 @@ public:
 
     const QStringList& messages() const { return m_messages; } // every MsgBox text, in order
     const QList<Shown>& shown() const { return m_shown; }      // every dialog shown, in order
-    const Shown& lastShown() const; // the program stops when no dialog was shown
+    const Shown& lastShown() const // the program stops when no dialog was shown
+    {
+        if (m_shown.isEmpty())
+            qFatal("ScriptedDialogService: lastShown() asked, but no dialog was shown");
+        return m_shown.last();
+    }
     qsizetype pendingAnswers() const { return m_answers.size(); } // scripted, not yet used
     // Forgets messages, dialogs shown, answers left and the folder of the last pick.
     void reset() { *this = ScriptedDialogService(); }
@@ -37,7 +44,11 @@ public:
     bool ShowOpen(CommonDialog& dialog) override { return showFile(Kind::Open, dialog); }
     bool ShowSave(CommonDialog& dialog) override { return showFile(Kind::Save, dialog); }
     void MsgBox(const QString& text) override { m_messages.append(text); }
-    QString InputBox(const QString& prompt, const QString& defaultText) override;
+    QString InputBox(const QString& prompt, const QString& defaultText) override
+    {
+        m_shown.append({Kind::Input, {}, {}, {}, prompt, defaultText, {}});
+        return take(true).text;
+    }
 
 private:
     struct Answer {
@@ -46,9 +57,28 @@ private:
         QString text;
     };
 
-    bool showFile(Kind kind, CommonDialog& dialog);
+    bool showFile(Kind kind, CommonDialog& dialog)
+    {
+        m_shown.append(
+            {kind, dialog.Filter, dialog.FileName, dialog.DefaultExt, {}, {}, dialog.Folder()});
+        const Answer answer = take(false);
+        if (!answer.cancel)
+            dialog.FileName = answer.text;
+        return !answer.cancel;
+    }
     // The next answer when it fits; otherwise the test fails and it reads as a cancel.
-    Answer take(bool input);
+    Answer take(bool input)
+    {
+        if (!m_answers.isEmpty() && (m_answers.first().cancel || m_answers.first().input == input))
+            return m_answers.takeFirst();
+        const QByteArray message =
+            QByteArray("ScriptedDialogService: ") + (input ? "InputBox " : "file dialog ") +
+            (m_answers.isEmpty() ? "with no answer scripted" : "with the wrong kind of answer");
+        if (!m_answers.isEmpty())
+            m_answers.removeFirst();
+        QTest::qFail(message.constData(), __FILE__, __LINE__);
+        return {true, input, {}};
+    }
 
     QList<Answer> m_answers;
     QStringList m_messages;

@@ -22,8 +22,6 @@ public:
         if (m_base)
             mdlGeneral::strCurrentDir.clear(); // process-wide: no test leaves it to the next
     }
-    TestFiles(const TestFiles&) = delete;
-    TestFiles& operator=(const TestFiles&) = delete;
 
     QString path(const QString& name) const { return m_dir.filePath(name); }
 

@@ -1,5 +1,7 @@
 #include "tests/support/WindowDriver.h"
 
+#include "tests/support/ScriptedDialogService.h"
+
 #include <QAbstractButton>
 #include <QtTest>
 
@@ -44,11 +46,6 @@ void WindowDriver::pickRow(const QString& name, int row)
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(item).center());
 }
 
-void WindowDriver::pressKey(const QString& name, Qt::Key key)
-{
-    QTest::keyClick(find<QWidget>(name), key);
-}
-
 void WindowDriver::pickComboRow(const QString& name, int row)
 {
     ComboBox* combo = comboBox(name);
@@ -62,4 +59,20 @@ void WindowDriver::pickComboRow(const QString& name, int row)
     // Moving there is what the mouse over the row does; Enter takes it as a click would.
     view->setCurrentIndex(index);
     QTest::keyClick(view, Qt::Key_Return);
+}
+
+QStringList WindowDriver::rows(const QString& name) const
+{
+    const ListBox* list = listBox(name);
+    QStringList texts;
+    for (int i = 0; i < list->ListCount(); ++i)
+        texts << list->List(i);
+    return texts;
+}
+
+void WindowDriver::chooseFile(ScriptedDialogService& dialogs, const QString& name,
+                              const QString& file)
+{
+    file.isEmpty() ? dialogs.answerCancel() : dialogs.answerFile(file);
+    name.startsWith(QLatin1String("men")) ? trigger(name) : click(name);
 }

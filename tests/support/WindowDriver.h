@@ -8,6 +8,9 @@
 #include "foundation/controls/TextBox.h"
 
 #include <QAction>
+#include <QTest>
+
+class ScriptedDialogService;
 
 class WindowDriver {
 public:
@@ -30,20 +33,22 @@ public:
     ComboBox* comboBox(const QString& name) const { return find<ComboBox>(name); }
     QAction* menuEntry(const QString& name) const { return find<QAction>(name); }
 
-    // Clicks into the box and types `text` key by key at the end of what it holds.
+    // Clicks into the box and types `text` key by key at its end.
     void type(const QString& name, const QString& text);
     // Clicks into the box, selects all with Ctrl+A and deletes it with Backspace.
     void clearText(const QString& name);
-    // A left click in the middle of a button, check box or option button.
     void click(const QString& name);
     // Chooses a menu entry (nothing happens when it is disabled).
     void trigger(const QString& name) { menuEntry(name)->trigger(); }
-    // A left click on row `row` of a list.
     void pickRow(const QString& name, int row);
     // A key pressed and released on a list (or any control).
-    void pressKey(const QString& name, Qt::Key key);
+    void pressKey(const QString& name, Qt::Key key) { QTest::keyClick(find<QWidget>(name), key); }
     // Opens the list of a combo box, moves to row `row` and takes it with Enter.
     void pickComboRow(const QString& name, int row);
+    QStringList rows(const QString& name) const;
+    // Chooses the menu entry ("men...") or clicks the button `name`, with the file dialog it
+    // shows answered by `file`, or cancelled when `file` is empty.
+    void chooseFile(ScriptedDialogService& dialogs, const QString& name, const QString& file);
 
 private:
     QWidget* m_window;

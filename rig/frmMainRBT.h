@@ -79,10 +79,6 @@ private:
     // its most, or the document as many records as its file can carry.
     bool roomForOneMore(qint16 listCount) const;
 
-    // The key codes of `KeyDown` that the two enabled lists answer.
-    static constexpr int KeyCodeDelete = 46;
-    static constexpr int KeyCodeF2 = 113;
-
     // --- joints (frmMainRBT_joints.cpp) ---
     static QString JointRowText(const clsJoint& joint);
     std::shared_ptr<clsJoint> SelectedJoint() const;

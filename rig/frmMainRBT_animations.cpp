@@ -20,9 +20,9 @@ QString frmMainRBT::AnimationRowText(const clsAnimation& animation)
 
 void frmMainRBT::lstAnimations_KeyDown(int KeyCode)
 {
-    if (KeyCode == KeyCodeDelete)
+    if (KeyCode == ListBox::KeyCodeDelete)
         menDeleteAnimation_Click();
-    else if (KeyCode == KeyCodeF2)
+    else if (KeyCode == ListBox::KeyCodeF2)
         menRenameAnimation_Click();
 }
 

@@ -95,9 +95,9 @@ void frmMainRBT::lstJoints_Click()
 
 void frmMainRBT::lstJoints_KeyDown(int KeyCode)
 {
-    if (KeyCode == KeyCodeDelete)
+    if (KeyCode == ListBox::KeyCodeDelete)
         menDeleteJoint_Click();
-    else if (KeyCode == KeyCodeF2)
+    else if (KeyCode == ListBox::KeyCodeF2)
         menRenameJoint_Click();
 }
 

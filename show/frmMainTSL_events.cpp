@@ -108,8 +108,7 @@ void frmMainTSL::lstScenes_Click()
 
 void frmMainTSL::lstScenes_KeyDown(int KeyCode)
 {
-    constexpr int vbKeyDelete = 46;
-    if (KeyCode == vbKeyDelete)
+    if (KeyCode == ListBox::KeyCodeDelete)
         menDeleteScene_Click();
 }
 

@@ -19,8 +19,7 @@ void frmMainSSF::connectPage(const Page<Record>& page, CommandButton* addButton,
     connect(addButton, &CommandButton::Click, this, [this, page] { AddRecord(page); });
     connect(page.List, &ListBox::Click, this, [this, page] { SelectRow(page); });
     connect(page.List, &ListBox::KeyDown, this, [this, page](int KeyCode) {
-        constexpr int vbKeyDelete = 46;
-        if (KeyCode == vbKeyDelete)
+        if (KeyCode == ListBox::KeyCodeDelete)
             DeleteRow(page); // whatever the shift state
     });
     connect(deleteEntry, &Menu::Click, this, [this, page] { DeleteRow(page); });

@@ -129,12 +129,12 @@ QItemSelectionModel::SelectionFlags ListBox::selectionCommand(const QModelIndex&
 
 void ListBox::keyPressEvent(QKeyEvent* event)
 {
-    if (const int code = VbKeyCode(event->key()); code != 0)
+    if (const int code = KeyCodeOf(event->key()); code != 0)
         emit KeyDown(code);
     QListWidget::keyPressEvent(event);
 }
 
-int ListBox::VbKeyCode(int qtKey)
+int ListBox::KeyCodeOf(int qtKey)
 {
     if (qtKey >= Qt::Key_A && qtKey <= Qt::Key_Z)
         return 65 + (qtKey - Qt::Key_A);

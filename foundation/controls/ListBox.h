@@ -41,7 +41,9 @@ public:
 
     // The Windows key code of a Qt key (Delete 46, F2 113, letters as their capitals, ...);
     // 0 for a key without one.
-    static int VbKeyCode(int qtKey);
+    static int KeyCodeOf(int qtKey);
+    static constexpr int KeyCodeDelete = 46;
+    static constexpr int KeyCodeF2 = 113;
 
 signals:
     void Click();

@@ -97,7 +97,11 @@ private slots:
     {
         QTemporaryDir dir; // the example show and its models side by side, changed freely
         const QString ex = TROUPE_EXAMPLES_DIR "/"_L1;
-        QVERIFY(!QProcess::execute(u"cp"_s, {u"-R"_s, ex + u'.', ex + u"models/."_s, dir.path()}));
+        QVERIFY(QDir(dir.path()).mkdir(u"models"_s));
+        for (const auto& [from, to] : {std::pair{u""_s, u""_s}, {u"models/"_s, u"models/"_s},
+                                       {u"models/"_s, u""_s}})
+            for (const QString& name : QDir(ex + from).entryList(QDir::Files))
+                QVERIFY(QFile::copy(ex + from + name, dir.filePath(to + name)));
         QRandomGenerator rng(Seed);
         Suite suite(std::make_unique<MonkeyDialogs>(rng, dir.path()));
         for (const char* file : {"midnight.tsl", "act2.ssf", "dancer.rbt"}) // first: the base

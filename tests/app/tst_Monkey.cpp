@@ -98,8 +98,8 @@ private slots:
         QTemporaryDir dir; // the example show and its models side by side, changed freely
         const QString ex = TROUPE_EXAMPLES_DIR "/"_L1;
         QVERIFY(QDir(dir.path()).mkdir(u"models"_s));
-        for (const auto& [from, to] : {std::pair{u""_s, u""_s}, {u"models/"_s, u"models/"_s},
-                                       {u"models/"_s, u""_s}})
+        for (const auto& [from, to] :
+             {std::pair{u""_s, u""_s}, {u"models/"_s, u"models/"_s}, {u"models/"_s, u""_s}})
             for (const QString& name : QDir(ex + from).entryList(QDir::Files))
                 QVERIFY(QFile::copy(ex + from + name, dir.filePath(to + name)));
         QRandomGenerator rng(Seed);

@@ -2,7 +2,6 @@
 // manager's cases are in a file of their own beside this one.
 
 #include <QApplication>
-
 #include <benchmark/benchmark.h>
 
 int main(int argc, char** argv)

@@ -5,11 +5,10 @@
 
 #include "rig/frmMainRBT.h"
 
-#include "foundation/controls/ManagerWindow.h"
-
 #include "foundation/Limits.h"
 #include "foundation/controls/DialogService.h"
 #include "foundation/controls/ListBox.h"
+#include "foundation/controls/ManagerWindow.h"
 #include "foundation/controls/SuiteLinks.h"
 #include "foundation/controls/TextBox.h"
 #include "foundation/mdlGeneral.h"

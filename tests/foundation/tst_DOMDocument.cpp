@@ -50,8 +50,8 @@ void tst_DOMDocument::load_data()
     QTest::newRow("missing") << u"missing"_s << QByteArray() << QString();
     QTest::newRow("FIFO without writer") << u"fifo"_s << QByteArray() << QString();
     QTest::newRow("64 MiB") << u"blanks"_s << R"(<play title="t"/>)"_ba << u"t"_s;
-    QTest::newRow("one byte over 64 MiB") << u"blanks over"_s << R"(<play title="t"/>)"_ba
-                                          << QString();
+    QTest::newRow("one byte over 64 MiB")
+        << u"blanks over"_s << R"(<play title="t"/>)"_ba << QString();
     QTest::newRow("cut off") << u"bytes"_s << R"(<play title="a"><scene id="0" na)"_ba << QString();
     // A billion laughs: `&l9;` expands to 10^9 characters, beyond Qt's expansion limit.
     QByteArray bomb = R"(<!DOCTYPE play [<!ENTITY l0 "lol">)";

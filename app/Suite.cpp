@@ -51,8 +51,7 @@ QString Suite::OpenFile(const QString& path)
     // As the Open command does: the first file sets the base directory of the run, and the
     // manager is handed the bare name, which it looks for there.
     const QString fullPath = QDir::toNativeSeparators(file.absoluteFilePath());
-    if (mdlGeneral::strCurrentDir.isEmpty())
-        mdlGeneral::strCurrentDir = mdlGeneral::GetDirectory(fullPath);
+    mdlGeneral::TakeCurrentDirFrom(fullPath);
     const QString name = mdlGeneral::GetFileName(fullPath);
     const bool opened = rbt   ? RBTManager().OpenRBT(name)
                         : ssf ? SSFManager().OpenSSF(name)

@@ -9,6 +9,12 @@ namespace mdlGeneral {
 
 QString strCurrentDir;
 
+void TakeCurrentDirFrom(const QString& pickedFile)
+{
+    if (strCurrentDir.isEmpty())
+        strCurrentDir = GetDirectory(pickedFile);
+}
+
 namespace {
 
 // The last of either separator splits a path; -1 when there is none.

@@ -10,6 +10,10 @@ namespace mdlGeneral {
 // qualifying file picked, never changed again. The only process-wide state of the suite.
 extern QString strCurrentDir;
 
+// Makes the directory of `pickedFile` the base directory, unless one is set already: the
+// first qualifying file picked in the run decides it.
+void TakeCurrentDirFrom(const QString& pickedFile);
+
 // The text up to and including the last separator (`\` or `/`); empty when there is none.
 QString GetDirectory(const QString& path);
 

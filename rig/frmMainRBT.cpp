@@ -132,8 +132,7 @@ void frmMainRBT::menOpenRBT_Click()
     if (CommonDialog1.FileName.isEmpty())
         return;
     // The first file picked sets the base directory of the run.
-    if (mdlGeneral::strCurrentDir.isEmpty())
-        mdlGeneral::strCurrentDir = mdlGeneral::GetDirectory(CommonDialog1.FileName);
+    mdlGeneral::TakeCurrentDirFrom(CommonDialog1.FileName);
     OpenRBT(mdlGeneral::GetFileName(CommonDialog1.FileName));
 }
 
@@ -207,8 +206,7 @@ void frmMainRBT::menSaveRBT_Click()
         return;
     // The paths inside the file are written relative to the base directory, so a first
     // save sets it before writing.
-    if (mdlGeneral::strCurrentDir.isEmpty())
-        mdlGeneral::strCurrentDir = mdlGeneral::GetDirectory(CommonDialog1.FileName);
+    mdlGeneral::TakeCurrentDirFrom(CommonDialog1.FileName);
     if (objRBT->Save(CommonDialog1.FileName)) {
         strRBTFile = mdlGeneral::GetFileName(CommonDialog1.FileName);
         writeCaption(strRBTFile);

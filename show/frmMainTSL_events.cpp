@@ -142,8 +142,7 @@ void frmMainTSL::menOpenTSL_Click()
     if (CommonDialog1.FileName.isEmpty())
         return;
     // The first document picked sets the base directory of the run.
-    if (mdlGeneral::strCurrentDir.isEmpty())
-        mdlGeneral::strCurrentDir = mdlGeneral::GetDirectory(CommonDialog1.FileName);
+    mdlGeneral::TakeCurrentDirFrom(CommonDialog1.FileName);
     OpenTSL(mdlGeneral::GetFileName(CommonDialog1.FileName));
 }
 
@@ -243,8 +242,7 @@ void frmMainTSL::Command3_Click()
     // Change carries it into the selected scene and its row, if there is one.
     txtSSF->setText(QStringLiteral("..\\rez\\") + mdlGeneral::GetFileName(CommonDialog1.FileName));
     // A scene's file may be the first pick of the run, which sets the base directory.
-    if (mdlGeneral::strCurrentDir.isEmpty())
-        mdlGeneral::strCurrentDir = mdlGeneral::GetDirectory(CommonDialog1.FileName);
+    mdlGeneral::TakeCurrentDirFrom(CommonDialog1.FileName);
 }
 
 void frmMainTSL::Command5_Click()

@@ -167,8 +167,7 @@ void frmMainSSF::menOpenSSF_Click()
         return;
     // The first file picked sets the base directory of the run; only its bare name goes on,
     // so a file picked elsewhere is looked for in the base directory all the same.
-    if (mdlGeneral::strCurrentDir.isEmpty())
-        mdlGeneral::strCurrentDir = mdlGeneral::GetDirectory(CommonDialog1.FileName);
+    mdlGeneral::TakeCurrentDirFrom(CommonDialog1.FileName);
     OpenSSF(mdlGeneral::GetFileName(CommonDialog1.FileName));
 }
 

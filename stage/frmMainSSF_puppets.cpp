@@ -62,8 +62,7 @@ void frmMainSSF::Command3_Click()
     if (!ChooseFile(QStringLiteral("Rig Binding Tool Files (*.rbt)|*.rbt"),
                     QStringLiteral("..\\rez\\"), txtRBT))
         return;
-    if (mdlGeneral::strCurrentDir.isEmpty())
-        mdlGeneral::strCurrentDir = mdlGeneral::GetDirectory(CommonDialog1.FileName);
+    mdlGeneral::TakeCurrentDirFrom(CommonDialog1.FileName);
 }
 
 void frmMainSSF::menEditRBT_Click()

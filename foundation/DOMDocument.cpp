@@ -1,20 +1,10 @@
 #include "foundation/DOMDocument.h"
 
-#include "foundation/Limits.h"
-#include "foundation/mdlGeneral.h"
-
-#include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
+#include <QIODevice>
 #include <QXmlStreamReader>
 
 #include <algorithm>
-
-#ifdef Q_OS_UNIX
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-#endif
+#include <limits>
 
 namespace {
 
@@ -31,33 +21,10 @@ bool sameText(const QString& known, QStringView text)
     return true;
 }
 
-// Opens a regular file of at most Limits::MaxFileBytes for reading. A FIFO, a device or a
-// socket fails at once: opened without blocking and looked at before a byte is read, so a
-// FIFO without a writer cannot hang the load, nor /dev/zero fill the memory.
-bool openRegularFile(QFile& file)
-{
-#ifdef Q_OS_UNIX
-    const int fd =
-        ::open(QFile::encodeName(file.fileName()).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    if (fd < 0)
-        return false;
-    struct stat status {};
-    if (::fstat(fd, &status) != 0 || !S_ISREG(status.st_mode) ||
-        status.st_size > Limits::MaxFileBytes) {
-        ::close(fd);
-        return false;
-    }
-    return file.open(fd, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
-#else
-    const QFileInfo info(file);
-    return info.isFile() && info.size() <= Limits::MaxFileBytes && file.open(QIODevice::ReadOnly);
-#endif
-}
-
 // Appends `text` escaped for an attribute value: `&`, `<`, `>`, `"` by name, tab, line feed
 // and carriage return as character references, so they come back unchanged. False at a
-// character XML 1.0 cannot carry.
-bool appendEscaped(QString& out, QStringView text)
+// character XML 1.0 cannot carry, which is then `bad`.
+bool appendEscaped(QString& out, QStringView text, char16_t& bad)
 {
     const auto plain = [](char16_t c) {
         return c >= 0x20 && c != u'&' && c != u'<' && c != u'>' && c != u'"' &&
@@ -103,6 +70,7 @@ bool appendEscaped(QString& out, QStringView text)
                 ++i;
                 break;
             }
+            bad = c;
             return false;
         }
     }
@@ -122,31 +90,29 @@ void DOMDocument::clear()
     m_root = None;
 }
 
-bool DOMDocument::load(const QString& path)
+bool DOMDocument::read(QIODevice& device, QString* why)
 {
     clear();
-    QFile file(mdlGeneral::ResolveFileCase(path));
-    if (!openRegularFile(file))
-        return false;
-    // Room for the nodes and attributes a file of this size holds at most in the suite's own
+    // Room for the nodes and attributes a text of this size holds at most in the suite's own
     // formats: room never used takes no memory, and tables that need not move leave no old
     // copy behind at the peak.
-    m_nodes.reserve(size_t(file.size() / 32));
-    m_attributes.reserve(size_t(file.size() / 8));
-    m_texts.reserve(size_t(file.size()));
-    // The reader takes the file in blocks, so the whole text is never held at once.
-    QXmlStreamReader reader(&file);
-    return parse(reader);
+    const qint64 size = device.isSequential() ? 0 : device.size();
+    m_nodes.reserve(size_t(size / 32));
+    m_attributes.reserve(size_t(size / 8));
+    m_texts.reserve(size_t(size));
+    // The reader takes the device in blocks, so the whole text is never held at once.
+    QXmlStreamReader reader(&device);
+    return parse(reader, why);
 }
 
 bool DOMDocument::loadXML(const QString& text)
 {
     clear();
     QXmlStreamReader reader(text);
-    return parse(reader);
+    return parse(reader, nullptr);
 }
 
-bool DOMDocument::parse(QXmlStreamReader& reader)
+bool DOMDocument::parse(QXmlStreamReader& reader, QString* why)
 {
     // Names stay as written: a prefix is part of the tag, `xmlns` an attribute like another.
     reader.setNamespaceProcessing(false);
@@ -157,7 +123,8 @@ bool DOMDocument::parse(QXmlStreamReader& reader)
         switch (reader.readNext()) {
         case QXmlStreamReader::StartElement: {
             const quint32 element =
-                addNode(XmlNode::Kind::Element, nameIndex(reader.qualifiedName(), m_tagHint));
+                addNode(XmlNode::Kind::Element, nameIndex(reader.qualifiedName(), m_tagHint),
+                        reader.lineNumber());
             if (open.empty())
                 m_root = element;
             else
@@ -180,23 +147,29 @@ bool DOMDocument::parse(QXmlStreamReader& reader)
             break;
         case QXmlStreamReader::EntityReference:
             // An entity the reader could not resolve: the text is not what the file means.
+            if (why)
+                *why = QStringLiteral("line %1: the entity \"%2\" is not declared")
+                           .arg(reader.lineNumber())
+                           .arg(reader.name());
             clear();
             return false;
         case QXmlStreamReader::Characters:
             // White space between elements is no child; any other text or CDATA is one.
             if (!open.empty() && (reader.isCDATA() || !reader.isWhitespace()))
                 link(open.back(),
-                     addNode(reader.isCDATA() ? XmlNode::Kind::CData : XmlNode::Kind::Text, 0));
+                     addNode(reader.isCDATA() ? XmlNode::Kind::CData : XmlNode::Kind::Text, 0,
+                             reader.lineNumber()));
             break;
         case QXmlStreamReader::Comment:
             if (!open.empty())
-                link(open.back(), addNode(XmlNode::Kind::Comment, 0));
+                link(open.back(), addNode(XmlNode::Kind::Comment, 0, reader.lineNumber()));
             break;
         case QXmlStreamReader::ProcessingInstruction:
             if (!open.empty())
                 link(open.back(),
                      addNode(XmlNode::Kind::ProcessingInstruction,
-                             nameIndex(reader.processingInstructionTarget(), m_tagHint)));
+                             nameIndex(reader.processingInstructionTarget(), m_tagHint),
+                             reader.lineNumber()));
             break;
         default:
             // The prolog, a DTD, and nodes behind the root are no children.
@@ -204,17 +177,24 @@ bool DOMDocument::parse(QXmlStreamReader& reader)
         }
     }
     if (reader.hasError() || m_root == None) {
+        if (why)
+            *why = reader.hasError() ? QStringLiteral("line %1, column %2: %3")
+                                           .arg(reader.lineNumber())
+                                           .arg(reader.columnNumber() + 1)
+                                           .arg(reader.errorString())
+                                     : QStringLiteral("there is no element in it");
         clear();
         return false;
     }
     return true;
 }
 
-quint32 DOMDocument::addNode(XmlNode::Kind kind, quint32 name)
+quint32 DOMDocument::addNode(XmlNode::Kind kind, quint32 name, qint64 line)
 {
     Node node;
     node.kind = kind;
     node.name = name;
+    node.line = quint32(std::clamp<qint64>(line, 0, std::numeric_limits<quint32>::max()));
     node.firstAttribute = quint32(m_attributes.size());
     m_nodes.push_back(node);
     return quint32(m_nodes.size() - 1);
@@ -309,7 +289,7 @@ XmlNode DOMDocument::createElement(const QString& name)
     return XmlNode(this, addNode(XmlNode::Kind::Element, nameIndex(name, m_tagHint)));
 }
 
-std::optional<QByteArray> DOMDocument::toByteArray() const
+std::optional<QByteArray> DOMDocument::toByteArray(QString* why) const
 {
     if (m_root == None)
         return std::nullopt;
@@ -332,8 +312,12 @@ std::optional<QByteArray> DOMDocument::toByteArray() const
             out += u' ';
             out += m_names[attribute.name];
             out += u"=\"";
-            if (!appendEscaped(out, valueOf(attribute)))
+            char16_t bad = 0;
+            if (!appendEscaped(out, valueOf(attribute), bad)) {
+                if (why)
+                    *why = uncarriable(current, attribute, bad);
                 return std::nullopt;
+            }
             out += u'"';
         }
         quint32 next = firstElement(node.firstChild);
@@ -359,15 +343,29 @@ std::optional<QByteArray> DOMDocument::toByteArray() const
     }
 }
 
-bool DOMDocument::save(const QString& path) const
+bool DOMDocument::write(QIODevice& device, QString* why) const
 {
-    const std::optional<QByteArray> bytes = toByteArray();
+    const std::optional<QByteArray> bytes = toByteArray(why);
     if (!bytes)
         return false;
-    // No direct-write fallback: where no temporary file can be made beside the old one, the
-    // save fails rather than write in place, which a crash or a full disk could cut off.
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(*bytes) != bytes->size())
+    if (device.write(*bytes) != bytes->size()) {
+        if (why)
+            *why = device.errorString();
         return false;
-    return file.commit();
+    }
+    return true;
+}
+
+QString DOMDocument::uncarriable(quint32 element, const Attribute& attribute, char16_t bad) const
+{
+    // The record is named by its kind and Id, as the author finds it in the window's list.
+    QString holder = QStringLiteral("the document");
+    if (element != m_root) {
+        holder = m_names[m_nodes[element].name];
+        if (const Attribute* id = findAttribute(element, u"id"))
+            holder += u' ' + valueOf(*id).toString();
+    }
+    const QString code = QString::number(uint(bad), 16).toUpper().rightJustified(4, u'0');
+    return QStringLiteral("%1: its \"%2\" holds the character U+%3, which a file cannot carry")
+        .arg(holder, m_names[attribute.name], code);
 }

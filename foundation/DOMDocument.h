@@ -12,6 +12,7 @@
 #include <optional>
 #include <vector>
 
+class QIODevice;
 class QXmlStreamReader;
 
 class DOMDocument {
@@ -21,10 +22,9 @@ public:
     DOMDocument(const DOMDocument&) = delete;
     DOMDocument& operator=(const DOMDocument&) = delete;
 
-    // Reads and parses a file (its name matched without regard to case where it does not
-    // exist as given). False, with no root, when the file is missing, no regular file, larger
-    // than Limits::MaxFileBytes, unreadable or not well-formed.
-    bool load(const QString& path);
+    // Reads and parses the text of `device`. False, with no root, when it is not well-formed;
+    // `why`, where given, then says what was wrong and on which line.
+    bool read(QIODevice& device, QString* why = nullptr);
     // Parses a literal text, as a save does with its root pair.
     bool loadXML(const QString& text);
 
@@ -34,15 +34,14 @@ public:
     // A new element of this document, not yet in the tree.
     XmlNode createElement(const QString& name);
 
-    // The text `save` writes: UTF-8, no byte-order mark, no declaration, no white space, an
+    // The text `write` writes: UTF-8, no byte-order mark, no declaration, no white space, an
     // element without children as `<name .../>`. Nothing when there is no root or a text
     // holds a character XML 1.0 cannot carry (a control character other than tab, line feed
     // and carriage return, U+FFFE, U+FFFF, an unpaired surrogate): such a file would not load.
-    std::optional<QByteArray> toByteArray() const;
-    // Writes through QSaveFile, so an existing file is replaced only when the whole new text
-    // is on disk. False, with the file as it was, when there is nothing to write or the file
-    // or its temporary twin cannot be written.
-    bool save(const QString& path) const;
+    // `why`, where given, then names the element, by its tag and `id`, and the attribute.
+    std::optional<QByteArray> toByteArray(QString* why = nullptr) const;
+    // Writes that text to `device`; nothing at all when it cannot be made.
+    bool write(QIODevice& device, QString* why = nullptr) const;
 
 private:
     friend class XmlNode;
@@ -58,6 +57,7 @@ private:
         quint32 lastChild = None;
         quint32 nextSibling = None;
         quint32 childCount = 0;
+        quint32 line = 0; // where it starts in the text read; 0 for a node made by a save
         XmlNode::Kind kind = XmlNode::Kind::Element;
     };
     // An attribute's value is a piece of m_texts: no string is made for it until a document
@@ -69,8 +69,10 @@ private:
     };
 
     void clear();
-    bool parse(QXmlStreamReader& reader);
-    quint32 addNode(XmlNode::Kind kind, quint32 name);
+    bool parse(QXmlStreamReader& reader, QString* why);
+    // Why an attribute value cannot be written: the element, the attribute and the character.
+    QString uncarriable(quint32 element, const Attribute& attribute, char16_t bad) const;
+    quint32 addNode(XmlNode::Kind kind, quint32 name, qint64 line = 0);
     void link(quint32 parent, quint32 child);
     // The index of a tag or attribute name, tried first against the name last seen at the
     // same place, so the repeated elements of a file cost no search.

@@ -24,19 +24,28 @@ public:
     bool isNull() const { return m_document == nullptr; }
     Kind kind() const;
     bool isElement() const { return !isNull() && kind() == Kind::Element; }
+    // The kind in words, for a reader's message: "a comment", "text".
+    QString kindName() const;
 
     // The element's name; for a processing instruction its target; empty for other kinds.
     const QString& tagName() const;
+    // The line of the text read on which the node starts; 0 for a node made by a save.
+    qint64 lineNumber() const;
 
     // The text, or Null (std::nullopt) when the attribute is missing; an attribute present
     // but empty gives an empty string. Names are compared exactly, with case.
     std::optional<QString> getAttribute(QStringView name) const;
     // An attribute read as plain text. False, with `into` left alone, when it is missing:
-    // the Null cannot become a string.
-    [[nodiscard]] bool readAttribute(QStringView name, QString& into) const;
+    // the Null cannot become a string. `why`, where given, then names the line and what
+    // is missing.
+    [[nodiscard]] bool readAttribute(QStringView name, QString& into, QString* why = nullptr) const;
     // A coordinate triple read from one attribute into its three texts. False, with the three
     // left alone, when the attribute is missing or holds fewer than two commas.
-    [[nodiscard]] bool readTriple(QStringView name, QString& x, QString& y, QString& z) const;
+    [[nodiscard]] bool readTriple(QStringView name, QString& x, QString& y, QString& z,
+                                  QString* why = nullptr) const;
+    // False, with `why` (where given) saying `problem` on the node's line: how a reader
+    // refuses what it found here.
+    bool reject(QString* why, const QString& problem) const;
 
     // Adds the attribute behind those already set; the file keeps this order. Each save sets
     // a name once, so nothing is searched.
@@ -95,18 +104,31 @@ inline QString NullToEmpty(const std::optional<QString>& value)
 }
 
 // How every format reads the children of its root: more than MaxChildNodes of them, or one
-// that is no element (a comment, text, CDATA or processing instruction), fails the load before
+// that is no element (a comment, text, CDATA or processing instruction), fails the read before
 // or where it stands; each element goes to `readChild`, which passes over tags it does not know
-// and gives False to fail the load.
+// and gives False to fail the read, having said why.
 template <class ReadChild>
-[[nodiscard]] bool ReadChildElements(const XmlNode& root, ReadChild&& readChild)
+[[nodiscard]] bool ReadChildElements(const XmlNode& root, QString* why, ReadChild&& readChild)
 {
     const XmlNodeList children = root.childNodes();
     if (children.length() > Limits::MaxChildNodes)
-        return false;
+        return root.reject(why, QStringLiteral("more than %1 records").arg(Limits::MaxChildNodes));
     for (const XmlNode child : children) {
-        if (!child.isElement() || !readChild(child))
+        if (!child.isElement())
+            return child.reject(why, QStringLiteral("%1 among the records").arg(child.kindName()));
+        if (!readChild(child))
             return false;
     }
     return true;
+}
+
+// Appends a record read from `element` to its list; a full list fails the read there.
+template <class List, class Pointer>
+[[nodiscard]] bool AppendRead(List& list, const Pointer& record, const XmlNode& element,
+                              QString* why)
+{
+    return list.AppendLoaded(record) ||
+           element.reject(why, QStringLiteral("more than %1 <%2> records")
+                                   .arg(Limits::MaxRecords)
+                                   .arg(element.tagName()));
 }

@@ -1,13 +1,12 @@
-// Any bytes as a rig binding file: a file that loads must save, load again and save the same.
+// Any bytes as a rig binding file: a file that reads must write, read again and write the same.
 
-#include "foundation/mdlGeneral.h"
 #include "fuzz/RoundTrip.h"
 #include "rig/clsRBT.h"
 
 namespace {
 
-// The three paths are left out: a load joins them to the base directory and a save makes
-// them relative and lower case again, so only their saved form, compared as bytes, is kept.
+// The three paths are left out: a read joins them to the base folder and a write makes
+// them relative and lower case again, so only their written form, compared as bytes, is kept.
 QStringList Fields(const clsRBT& rbt)
 {
     QStringList fields{rbt.Name, QString::number(rbt.NumJoints()),
@@ -24,7 +23,7 @@ QStringList Fields(const clsRBT& rbt)
     return fields;
 }
 
-// A path that names a folder, not a file, loses its closing separator at every save, since
+// A path that names a folder, not a file, loses its closing separator at every write, since
 // making a path relative drops one; only paths of files come back the same.
 bool NamesAFolder(const clsRBT& rbt)
 {
@@ -38,7 +37,6 @@ bool NamesAFolder(const clsRBT& rbt)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    mdlGeneral::strCurrentDir = FuzzWorkspace::instance().directory();
-    CheckRoundTrip<clsRBT>(data, size, QStringLiteral("rbt"), Fields, NamesAFolder);
+    CheckRoundTrip<clsRBT>(data, size, Fields, NamesAFolder, QStringLiteral("/base/"));
     return 0;
 }

@@ -1,4 +1,4 @@
-// Any bytes as a stage scene file: a file that loads must save, load again and save the same.
+// Any bytes as a stage scene file: a file that reads must write, read again and write the same.
 
 #include "fuzz/RoundTrip.h"
 #include "stage/clsSSF.h"
@@ -40,6 +40,6 @@ QStringList Fields(const clsSSF& ssf)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    CheckRoundTrip<clsSSF>(data, size, QStringLiteral("ssf"), Fields);
+    CheckRoundTrip<clsSSF>(data, size, Fields, nullptr);
     return 0;
 }

@@ -1,4 +1,4 @@
-// Any bytes as a show listing: a file that loads must save, load again and save the same.
+// Any bytes as a show listing: a file that reads must write, read again and write the same.
 
 #include "fuzz/RoundTrip.h"
 #include "show/clsTSL.h"
@@ -19,6 +19,6 @@ QStringList Fields(const clsTSL& tsl)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    CheckRoundTrip<clsTSL>(data, size, QStringLiteral("tsl"), Fields);
+    CheckRoundTrip<clsTSL>(data, size, Fields, nullptr);
     return 0;
 }

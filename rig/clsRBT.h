@@ -10,6 +10,8 @@
 
 #include <memory>
 
+class QIODevice;
+
 class clsRBT {
 public:
     // The document's own fields, read and replaced freely.
@@ -18,12 +20,19 @@ public:
     QString Texture; // path of a .dtx texture; empty means none
     QString Icon;    // path of a .bmp picture; empty means none
 
-    // Reads `strFile` into this freshly made document; False at the first failure,
-    // with the object left as far as it got.
+    // Reads a `.rbt` text from `device`, its stored paths joined to `baseDir`. False at the
+    // first failure, with the document as it was and `why` (where given) saying what was
+    // expected and on which line.
+    bool Read(QIODevice& device, const QString& baseDir, QString* why = nullptr);
+    // Writes the document to `device`, its paths made relative to `baseDir`. False, with
+    // nothing written, when a text holds a character a file cannot carry; `why` names the
+    // record and the field.
+    bool Write(QIODevice& device, const QString& baseDir, QString* why = nullptr) const;
+
+    // The file `strFile` read and written, relative to strCurrentDir. A save replaces the
+    // file whole or not at all; the fields and records are left unchanged.
     bool Load(const QString& strFile);
-    // Writes the document to `strFile`; False when the file cannot be written.
-    // The fields and records are left unchanged.
-    bool Save(const QString& strFile) const;
+    bool Save(const QString& strFile, QString* why = nullptr) const;
 
     // The joint list. AddJoint numbers the joint by its place; DeleteJoint
     // renumbers the joints behind the removed one.

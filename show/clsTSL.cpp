@@ -1,7 +1,10 @@
 #include "show/clsTSL.h"
 
 #include "foundation/DOMDocument.h"
+#include "foundation/FileAccess.h"
 #include "foundation/mdlGeneral.h"
+
+#include <QFile>
 
 using namespace Qt::StringLiterals;
 
@@ -14,38 +17,44 @@ namespace {
 
 // A scene needs `id`, `name` and `ssf`; the `ssf` path has each pair of backslashes made one,
 // a lone backslash stays. The Id stays as the file has it.
-bool ReadScene(const XmlNode& element, RecordList<clsScene>& scenes)
+bool ReadScene(const XmlNode& element, RecordList<clsScene>& scenes, QString* why)
 {
     const auto scene = std::make_shared<clsScene>();
-    if (!element.readAttribute(u"id", scene->Id) || !element.readAttribute(u"name", scene->Name) ||
-        !element.readAttribute(u"ssf", scene->SSF))
+    if (!element.readAttribute(u"id", scene->Id, why) ||
+        !element.readAttribute(u"name", scene->Name, why) ||
+        !element.readAttribute(u"ssf", scene->SSF, why))
         return false;
     scene->SSF = mdlGeneral::UndoubleBackslashes(scene->SSF);
-    return scenes.AppendLoaded(scene);
+    return AppendRead(scenes, scene, element, why);
 }
 
 } // namespace
 
-bool clsTSL::Load(const QString& strFile)
+bool clsTSL::Read(QIODevice& device, QString* why)
 {
-    // A missing or ill-formed file has no root, which fails at once; the root's name plays no
-    // part. `title` is required; `mainworld` alone reads empty when absent and keeps its
-    // backslashes as they stand.
+    // An ill-formed text has no root, which fails at once; the root's name plays no part.
+    // `title` is required; `mainworld` alone reads empty when absent and keeps its backslashes
+    // as they stand.
     DOMDocument doc;
-    doc.load(strFile);
-    const XmlNode root = doc.documentElement();
-    if (root.isNull() || !root.readAttribute(u"title", Title))
+    if (!doc.read(device, why))
         return false;
-    MainWorld = NullToEmpty(root.getAttribute(u"mainworld"));
+    const XmlNode root = doc.documentElement();
+    // A listing of its own replaces this one only when the whole file was read.
+    clsTSL read;
+    if (!root.readAttribute(u"title", read.Title, why))
+        return false;
+    read.MainWorld = NullToEmpty(root.getAttribute(u"mainworld"));
 
     // Exactly "scene", with case; any other element is passed over.
-    m_scenes.Clear();
-    return ReadChildElements(root, [this](const XmlNode& child) {
-        return child.tagName() != u"scene" || ReadScene(child, m_scenes);
+    const bool whole = ReadChildElements(root, why, [&](const XmlNode& child) {
+        return child.tagName() != u"scene" || ReadScene(child, read.m_scenes, why);
     });
+    if (whole)
+        *this = std::move(read);
+    return whole;
 }
 
-bool clsTSL::Save(const QString& strFile) const
+bool clsTSL::Write(QIODevice& device, QString* why) const
 {
     // A new tree from the literal root pair, so the root is always `play`; nothing reaches
     // the file before the whole text is written.
@@ -61,5 +70,17 @@ bool clsTSL::Save(const QString& strFile) const
         element.setAttribute(u"ssf"_s, mdlGeneral::DoubleBackslashes(scene->SSF));
         root.appendChild(element);
     }
-    return doc.save(strFile);
+    return doc.write(device, why);
+}
+
+bool clsTSL::Load(const QString& strFile)
+{
+    QFile file;
+    return FileAccess::OpenForReading(file, strFile) && Read(file);
+}
+
+bool clsTSL::Save(const QString& strFile, QString* why) const
+{
+    return FileAccess::SaveWhole(
+        strFile, [&](QIODevice& file) { return Write(file, why); }, why);
 }

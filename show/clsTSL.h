@@ -9,16 +9,24 @@
 
 #include <memory>
 
+class QIODevice;
+
 class clsTSL {
 public:
     QString Title;
     QString MainWorld; // a world reference ("..\rez\worlds\park"), backslashes single
 
-    // Fills this object from the file; True on success. Not atomic: a failure leaves
-    // what was read so far.
+    // Reads a `.tsl` text from `device`. False at the first failure, with the listing as it
+    // was and `why` (where given) saying what was expected and on which line.
+    bool Read(QIODevice& device, QString* why = nullptr);
+    // Writes the listing to `device`. False, with nothing written, when a text holds a
+    // character a file cannot carry; `why` names the scene and the field.
+    bool Write(QIODevice& device, QString* why = nullptr) const;
+
+    // The file `strFile` read and written; a save replaces the file whole or not at all, and
+    // the object does not change.
     bool Load(const QString& strFile);
-    // Writes this object to the file; True on success. The object does not change.
-    bool Save(const QString& strFile) const;
+    bool Save(const QString& strFile, QString* why = nullptr) const;
 
     // Id becomes the decimal text of the count before it; the very object is kept.
     // At the limit of 32767 scenes it does nothing.

@@ -11,6 +11,8 @@
 
 #include <memory>
 
+class QIODevice;
+
 class clsSSF {
 public:
     QString World;      // a world reference ("..\rez\worlds\park"), backslashes single
@@ -19,11 +21,17 @@ public:
     QString Server;
     QString Port; // text; never checked for being a number
 
-    // Fills this (new) object from the file; True when the whole file was read.
-    // Not atomic: a failure leaves the root fields and the records read so far.
+    // Reads a `.ssf` text from `device`. False at the first failure, with the scene as it was
+    // and `why` (where given) saying what was expected and on which line.
+    bool Read(QIODevice& device, QString* why = nullptr);
+    // Writes the scene to `device`. False, with nothing written, when a text holds a
+    // character a file cannot carry; `why` names the record and the field.
+    bool Write(QIODevice& device, QString* why = nullptr) const;
+
+    // The file `strFile` read and written; a save replaces the file whole or not at all, and
+    // the object does not change.
     bool Load(const QString& strFile);
-    // Writes this object to the file; True when written. The object does not change.
-    bool Save(const QString& strFile) const;
+    bool Save(const QString& strFile, QString* why = nullptr) const;
 
     // Id becomes the decimal text of the count before it; the very object is kept.
     // At the limit of 32767 records it does nothing.

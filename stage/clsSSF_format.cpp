@@ -1,10 +1,14 @@
-// The `.ssf` file: Load and Save of clsSSF through the XML document service. `rbt` and `file`
-// have their backslashes doubled in the file; `world` keeps them single.
+// The `.ssf` file: the scene read from and written to a device through the XML document
+// service. `rbt` and `file` have their backslashes doubled in the file; `world` keeps them
+// single.
 
 #include "foundation/DOMDocument.h"
+#include "foundation/FileAccess.h"
 #include "foundation/Triple.h"
 #include "foundation/mdlGeneral.h"
 #include "stage/clsSSF.h"
+
+#include <QFile>
 
 using namespace Qt::StringLiterals;
 
@@ -36,69 +40,78 @@ QString LoadedSoundFile(const clsSound& s)
 // Each record needs every attribute of its kind, read in the order they are written; a
 // triple with fewer than two commas fails too. The record is appended only when all are read,
 // with its Id as the file has it.
-bool ReadPuppet(const XmlNode& element, RecordList<clsPuppet>& puppets)
+bool ReadPuppet(const XmlNode& element, RecordList<clsPuppet>& puppets, QString* why)
 {
     const auto p = std::make_shared<clsPuppet>();
-    if (!element.readAttribute(u"id", p->Id) || !element.readAttribute(u"rbt", p->RBT) ||
-        !element.readTriple(u"position", p->PositionX, p->PositionY, p->PositionZ) ||
-        !element.readTriple(u"scale", p->ScaleX, p->ScaleY, p->ScaleZ) ||
-        !element.readTriple(u"orientation", p->OrientationX, p->OrientationY, p->OrientationZ))
+    if (!element.readAttribute(u"id", p->Id, why) || !element.readAttribute(u"rbt", p->RBT, why) ||
+        !element.readTriple(u"position", p->PositionX, p->PositionY, p->PositionZ, why) ||
+        !element.readTriple(u"scale", p->ScaleX, p->ScaleY, p->ScaleZ, why) ||
+        !element.readTriple(u"orientation", p->OrientationX, p->OrientationY, p->OrientationZ, why))
         return false;
     p->RBT = mdlGeneral::UndoubleBackslashes(p->RBT);
-    return puppets.AppendLoaded(p);
+    return AppendRead(puppets, p, element, why);
 }
 
-bool ReadSound(const XmlNode& element, RecordList<clsSound>& sounds)
+bool ReadSound(const XmlNode& element, RecordList<clsSound>& sounds, QString* why)
 {
     const auto s = std::make_shared<clsSound>();
-    if (!element.readAttribute(u"id", s->Id) || !element.readAttribute(u"name", s->Name) ||
-        !element.readAttribute(u"type", s->TypeSound) || !element.readAttribute(u"file", s->File))
+    if (!element.readAttribute(u"id", s->Id, why) ||
+        !element.readAttribute(u"name", s->Name, why) ||
+        !element.readAttribute(u"type", s->TypeSound, why) ||
+        !element.readAttribute(u"file", s->File, why))
         return false;
     s->File = mdlGeneral::UndoubleBackslashes(s->File);
     s->File = LoadedSoundFile(*s);
-    return sounds.AppendLoaded(s);
+    return AppendRead(sounds, s, element, why);
 }
 
 // A camera's name is taken and written unchanged, like a sound's, so it round-trips.
-bool ReadCamera(const XmlNode& element, RecordList<clsCamera>& cameras)
+bool ReadCamera(const XmlNode& element, RecordList<clsCamera>& cameras, QString* why)
 {
     const auto c = std::make_shared<clsCamera>();
-    if (!element.readAttribute(u"id", c->Id) || !element.readAttribute(u"name", c->Name) ||
-        !element.readTriple(u"position", c->PositionX, c->PositionY, c->PositionZ) ||
-        !element.readTriple(u"orientation", c->OrientationX, c->OrientationY, c->OrientationZ))
+    if (!element.readAttribute(u"id", c->Id, why) ||
+        !element.readAttribute(u"name", c->Name, why) ||
+        !element.readTriple(u"position", c->PositionX, c->PositionY, c->PositionZ, why) ||
+        !element.readTriple(u"orientation", c->OrientationX, c->OrientationY, c->OrientationZ, why))
         return false;
-    return cameras.AppendLoaded(c);
+    return AppendRead(cameras, c, element, why);
 }
 
 } // namespace
 
-bool clsSSF::Load(const QString& strFile)
+bool clsSSF::Read(QIODevice& device, QString* why)
 {
-    // A missing or ill-formed file has no root, which fails at once. The root's name is not
-    // looked at; `world` is the one required attribute, the other four read empty when absent.
+    // An ill-formed text has no root, which fails at once. The root's name is not looked at;
+    // `world` is the one required attribute, the other four read empty when absent.
     DOMDocument objDOM;
-    objDOM.load(strFile);
-    const XmlNode objRoot = objDOM.documentElement();
-    if (objRoot.isNull() || !objRoot.readAttribute(u"world", World))
+    if (!objDOM.read(device, why))
         return false;
-    MainCamera = NullToEmpty(objRoot.getAttribute(u"maincamera"));
-    Nickname = NullToEmpty(objRoot.getAttribute(u"nickname"));
-    Server = NullToEmpty(objRoot.getAttribute(u"server"));
-    Port = NullToEmpty(objRoot.getAttribute(u"port"));
+    const XmlNode objRoot = objDOM.documentElement();
+    // A scene of its own replaces this one only when the whole file was read.
+    clsSSF read;
+    if (!objRoot.readAttribute(u"world", read.World, why))
+        return false;
+    read.MainCamera = NullToEmpty(objRoot.getAttribute(u"maincamera"));
+    read.Nickname = NullToEmpty(objRoot.getAttribute(u"nickname"));
+    read.Server = NullToEmpty(objRoot.getAttribute(u"server"));
+    read.Port = NullToEmpty(objRoot.getAttribute(u"port"));
 
     // The three kinds in any order and mix, by exact name; any other element is passed over.
-    return ReadChildElements(objRoot, [this](const XmlNode& child) {
+    const bool whole = ReadChildElements(objRoot, why, [&](const XmlNode& child) {
         if (child.tagName() == u"puppet")
-            return ReadPuppet(child, m_puppets);
+            return ReadPuppet(child, read.m_puppets, why);
         if (child.tagName() == u"sound")
-            return ReadSound(child, m_sounds);
+            return ReadSound(child, read.m_sounds, why);
         if (child.tagName() == u"camera")
-            return ReadCamera(child, m_cameras);
+            return ReadCamera(child, read.m_cameras, why);
         return true;
     });
+    if (whole)
+        *this = std::move(read);
+    return whole;
 }
 
-bool clsSSF::Save(const QString& strFile) const
+bool clsSSF::Write(QIODevice& device, QString* why) const
 {
     // A new tree from the literal root pair: what Load read is not reused. All five root
     // attributes are written, an empty field as an empty attribute.
@@ -142,6 +155,17 @@ bool clsSSF::Save(const QString& strFile) const
         objRoot.appendChild(objElement);
     }
 
-    // The only step that touches the file; a failure leaves an existing file as it was.
-    return objDOM.save(strFile);
+    return objDOM.write(device, why);
+}
+
+bool clsSSF::Load(const QString& strFile)
+{
+    QFile file;
+    return FileAccess::OpenForReading(file, strFile) && Read(file);
+}
+
+bool clsSSF::Save(const QString& strFile, QString* why) const
+{
+    return FileAccess::SaveWhole(
+        strFile, [&](QIODevice& file) { return Write(file, why); }, why);
 }

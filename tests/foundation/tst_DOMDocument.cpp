@@ -1,8 +1,11 @@
-// The XML document service: what a load refuses, the bytes it writes, saves that fail safely.
+// The XML document service and the file gate beneath it: what a read refuses and why, the
+// bytes it writes, saves that fail safely.
 
 #include "foundation/DOMDocument.h"
+#include "foundation/FileAccess.h"
 #include "tests/support/TestFiles.h"
 
+#include <QBuffer>
 #include <QtTest>
 
 #include <sys/stat.h>
@@ -13,59 +16,96 @@ class tst_DOMDocument : public QObject {
     Q_OBJECT
 
 private slots:
-    void load_data();
-    void load()
+    void openForReading_data();
+    void openForReading()
     {
         QFETCH(QString, kind);
+        QFETCH(QString, reason);
+        TestFiles files;
+        const QString path = files.path(u"in.xml"_s);
+        const QByteArray root = R"(<play title="t"/>)";
+        if (kind == u"fifo")
+            QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+        else if (kind == u"folder")
+            QVERIFY(QDir().mkdir(path));
+        else if (kind == u"loop")
+            QVERIFY(QFile::link(path, path));
+        else if (kind == u"case")
+            files.write(u"IN.XML"_s, root);
+        else if (kind.startsWith(u"64 MiB")) { // a whole root, then blanks up to the size
+            const qint64 size = Limits::MaxFileBytes + (kind == u"64 MiB and one" ? 1 : 0);
+            QFile file(files.write(u"in.xml"_s, root));
+            QVERIFY(file.open(QIODevice::Append));
+            QCOMPARE(file.write(QByteArray(size - root.size(), ' ')), size - root.size());
+        }
+        QFile file;
+        QString why;
+        QCOMPARE(FileAccess::OpenForReading(file, path, &why), reason.isEmpty());
+        QCOMPARE(why, reason);
+        if (reason.isEmpty()) {
+            DOMDocument doc;
+            QVERIFY(doc.read(file));
+            QCOMPARE(doc.documentElement().getAttribute(u"title"), u"t"_s);
+        }
+    }
+
+    void read_data();
+    void read()
+    {
         QFETCH(QByteArray, bytes);
         QFETCH(QString, title);
-        TestFiles files;
-        QString path = files.path(u"in.xml"_s);
-        if (kind == u"bytes")
-            files.write(u"in.xml"_s, bytes);
-        else if (kind == u"fifo")
-            QCOMPARE(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
-        else if (kind.startsWith(u"blanks")) { // a whole root, then blanks up to the size
-            const qint64 size = Limits::MaxFileBytes + (kind == u"blanks over" ? 1 : 0);
-            QFile file(files.write(u"in.xml"_s, bytes));
-            QVERIFY(file.open(QIODevice::Append));
-            QCOMPARE(file.write(QByteArray(size - bytes.size(), ' ')), size - bytes.size());
-        }
+        QFETCH(QString, reason);
+        QBuffer buffer(&bytes);
+        QVERIFY(buffer.open(QIODevice::ReadOnly));
         DOMDocument doc;
-        QCOMPARE(doc.load(path), !title.isNull());
+        QString why;
+        QCOMPARE(doc.read(buffer, &why), !title.isNull());
         QCOMPARE(doc.documentElement().isNull(), title.isNull());
         if (!title.isNull())
             QCOMPARE(doc.documentElement().getAttribute(u"title"), title);
+        QVERIFY2(why.startsWith(reason), qPrintable(why));
     }
 
     void writtenBytesReadBack();
-    void failedSaveLeavesTheOldFile();
+    void failedSaveLeavesTheOldFileAndNamesTheRecord();
 };
 
-void tst_DOMDocument::load_data()
+void tst_DOMDocument::openForReading_data()
 {
-    QTest::addColumn<QString>("kind"); // "bytes" is a file holding `bytes`
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("reason"); // empty: it opens
+    QTest::newRow("missing") << u"missing"_s << u"there is no such file"_s;
+    QTest::newRow("FIFO without writer") << u"fifo"_s << u"it is a FIFO"_s;
+    QTest::newRow("folder") << u"folder"_s << u"it is a folder"_s;
+    QTest::newRow("link to itself") << u"loop"_s << u"its symbolic links lead round in a loop"_s;
+    QTest::newRow("name in another case") << u"case"_s << QString();
+    QTest::newRow("64 MiB") << u"64 MiB"_s << QString();
+    QTest::newRow("one byte over 64 MiB") << u"64 MiB and one"_s << u"it is larger than 64 MiB"_s;
+}
+
+void tst_DOMDocument::read_data()
+{
     QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("title"); // null: load must fail
-    QTest::newRow("missing") << u"missing"_s << QByteArray() << QString();
-    QTest::newRow("FIFO without writer") << u"fifo"_s << QByteArray() << QString();
-    QTest::newRow("64 MiB") << u"blanks"_s << R"(<play title="t"/>)"_ba << u"t"_s;
-    QTest::newRow("one byte over 64 MiB")
-        << u"blanks over"_s << R"(<play title="t"/>)"_ba << QString();
-    QTest::newRow("cut off") << u"bytes"_s << R"(<play title="a"><scene id="0" na)"_ba << QString();
+    QTest::addColumn<QString>("title");  // null: the read must fail
+    QTest::addColumn<QString>("reason"); // how the reason begins
+    QTest::newRow("cut off") << "<play title=\"a\">\n<scene id=\"0\" na"_ba << QString()
+                             << u"line 2, column 17: Premature end"_s;
+    QTest::newRow("empty") << QByteArray() << QString() << u"line 1, column 1: "_s;
+    QTest::newRow("entity of a DTD elsewhere")
+        << R"(<!DOCTYPE play SYSTEM "x.dtd"><play title="t">&y;</play>)"_ba << QString()
+        << u"line 1: the entity \"y\" is not declared"_s;
     // A billion laughs: `&l9;` expands to 10^9 characters, beyond Qt's expansion limit.
     QByteArray bomb = R"(<!DOCTYPE play [<!ENTITY l0 "lol">)";
     for (int level = 1; level <= 9; ++level)
         bomb += "<!ENTITY l" + QByteArray::number(level) + " \"" +
                 ("&l" + QByteArray::number(level - 1) + ';').repeated(10) + "\">";
-    QTest::newRow("entity bomb") << u"bytes"_s << bomb + R"(]><play title="&l9;"/>)" << QString();
+    QTest::newRow("entity bomb") << bomb + R"(]><play title="&l9;"/>)" << QString() << u"line"_s;
     auto utf16 = QStringEncoder(QStringEncoder::Utf16LE, QStringEncoder::Flag::WriteBom);
     QTest::newRow("UTF-16 with byte-order mark")
-        << u"bytes"_s << QByteArray(utf16(u"<play title=\"Été\"/>"_s)) << u"Été"_s;
-    QTest::newRow("300000 nested elements") << u"bytes"_s
-                                            << R"(<play title="t">)" + "<a>"_ba.repeated(300000) +
+        << QByteArray(utf16(u"<play title=\"Été\"/>"_s)) << u"Été"_s << QString();
+    QTest::newRow("300000 nested elements") << R"(<play title="t">)" + "<a>"_ba.repeated(300000) +
                                                    "</a>"_ba.repeated(300000) + "</play>"
-                                            << u"t"_s;
+                                            << u"t"_s << QString();
 }
 
 void tst_DOMDocument::writtenBytesReadBack()
@@ -89,16 +129,27 @@ void tst_DOMDocument::writtenBytesReadBack()
     QCOMPARE(again.documentElement().getAttribute(u"title"), text);
 }
 
-// A text XML cannot carry fails the save before the file is touched.
-void tst_DOMDocument::failedSaveLeavesTheOldFile()
+// A text XML cannot carry fails the save before the file is touched, and the reason names
+// the record and the attribute that hold it.
+void tst_DOMDocument::failedSaveLeavesTheOldFileAndNamesTheRecord()
 {
-    for (const QString& title : {u"a\u0001b"_s, u"a\uFFFE"_s, QString(QChar(0xd800)) + u"x"_s}) {
+    const QStringList bad = {u"a\u0001b"_s, u"a\uFFFE"_s, QString(QChar(0xd800)) + u"x"_s};
+    const QStringList codes = {u"0001"_s, u"FFFE"_s, u"D800"_s};
+    for (qsizetype i = 0; i < bad.size(); ++i) {
         TestFiles files;
         const QString old = files.write(u"a.tsl"_s, R"(<play title="old"/>)"_ba);
         DOMDocument doc;
         doc.loadXML(u"<play></play>"_s);
-        doc.documentElement().setAttribute(u"title"_s, title);
-        QVERIFY(!doc.save(old));
+        doc.documentElement().setAttribute(u"title"_s, u"t"_s);
+        XmlNode scene = doc.createElement(u"scene"_s);
+        scene.setAttribute(u"id"_s, u"7"_s);
+        scene.setAttribute(u"name"_s, bad[i]);
+        doc.documentElement().appendChild(scene);
+        QString why;
+        QVERIFY(!FileAccess::SaveWhole(
+            old, [&](QIODevice& file) { return doc.write(file, &why); }, &why));
+        QCOMPARE(why, u"scene 7: its \"name\" holds the character U+"_s + codes[i] +
+                          u", which a file cannot carry"_s);
         QCOMPARE(TestFiles::read(old), R"(<play title="old"/>)"_ba);
         QCOMPARE(QDir(files.path({})).entryList(QDir::Files), QStringList(u"a.tsl"_s));
     }

@@ -4,6 +4,7 @@
 
 #include "foundation/mdlGeneral.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -40,15 +41,22 @@ public:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
     }
 
-    // Loads `file` into a new Document and saves it again: the bytes saved, or nothing when
-    // the load failed.
-    template <class Document> QByteArray loadThenSave(const QByteArray& file) const
+    // Reads `file` into a new Document and writes it again, through memory, with `base` (the
+    // base folder, for a rig binding) given to both: the bytes written, or "fails: " and the
+    // reason the read gave.
+    template <class Document, class... Base>
+    static QByteArray readThenWrite(QByteArray file, const Base&... base)
     {
+        QBuffer in(&file);
+        in.open(QIODevice::ReadOnly);
         Document document;
-        if (!document.Load(write(QStringLiteral("in.xml"), file)))
-            return {};
-        const QString out = path(QStringLiteral("out.xml"));
-        return document.Save(out) ? read(out) : QByteArray("<save failed>");
+        QString why;
+        if (!document.Read(in, base..., &why))
+            return "fails: " + why.toUtf8();
+        QByteArray written;
+        QBuffer out(&written);
+        out.open(QIODevice::WriteOnly);
+        return document.Write(out, base..., &why) ? written : "write fails: " + why.toUtf8();
     }
 
 private:

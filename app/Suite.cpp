@@ -17,7 +17,7 @@ Suite::Suite(std::unique_ptr<DialogService> dialogs)
 // The windows go before the dialog service they hold a reference to.
 Suite::~Suite() = default;
 
-void Suite::Start() { ShowRBTManager(); }
+void Suite::Start() { ShowManager(Manager::RBT); }
 
 QStringList Suite::OpenFiles(const QStringList& paths)
 {
@@ -41,10 +41,11 @@ QString Suite::OpenFile(const QString& path)
     if (!rbt && !ssf && suffix != u"tsl")
         return path + QStringLiteral(": not opened; Troupe opens rig binding tables (.rbt), "
                                      "stage scenes (.ssf) and show listings (.tsl)");
+    const Manager manager = rbt ? Manager::RBT : ssf ? Manager::SSF : Manager::TSL;
 
     // The manager comes up first, so that a message about the file stands over it, and
     // closing that message never leaves the run without a window.
-    rbt ? ShowRBTManager() : ssf ? ShowSSFManager() : ShowTSLManager();
+    ShowManager(manager);
     if (!file.isFile())
         return path + QStringLiteral(": not opened; there is no such file");
 
@@ -52,11 +53,7 @@ QString Suite::OpenFile(const QString& path)
     // manager is handed the bare name, which it looks for there.
     const QString fullPath = QDir::toNativeSeparators(file.absoluteFilePath());
     mdlGeneral::TakeCurrentDirFrom(fullPath);
-    const QString name = mdlGeneral::GetFileName(fullPath);
-    const bool opened = rbt   ? RBTManager().OpenRBT(name)
-                        : ssf ? SSFManager().OpenSSF(name)
-                              : TSLManager().OpenTSL(name);
-    if (opened)
+    if (Open(manager, mdlGeneral::GetFileName(fullPath)))
         return {};
     if (mdlGeneral::GetDirectory(fullPath) != mdlGeneral::strCurrentDir)
         return path +
@@ -69,24 +66,24 @@ QString Suite::OpenFile(const QString& path)
     return path + QStringLiteral(": not opened; it cannot be read as a ") + kind;
 }
 
-void Suite::ShowRBTManager() { ShowManager(RBTManager()); }
-
-void Suite::ShowSSFManager() { ShowManager(SSFManager()); }
-
-void Suite::ShowTSLManager() { ShowManager(TSLManager()); }
-
-void Suite::EditRBT(const std::optional<QString>& strFileName)
+bool Suite::Open(Manager manager, const QString& strFileName)
 {
-    if (strFileName)
-        RBTManager().OpenRBT(*strFileName);
-    ShowRBTManager();
+    switch (manager) {
+    case Manager::RBT:
+        return RBTManager().OpenRBT(strFileName);
+    case Manager::SSF:
+        return SSFManager().OpenSSF(strFileName);
+    case Manager::TSL:
+        return TSLManager().OpenTSL(strFileName);
+    }
+    return false;
 }
 
-void Suite::EditSSF(const std::optional<QString>& strFileName)
+void Suite::HandOver(Manager manager, const std::optional<QString>& strFileName)
 {
     if (strFileName)
-        SSFManager().OpenSSF(*strFileName);
-    ShowSSFManager();
+        Open(manager, *strFileName);
+    ShowManager(manager);
 }
 
 frmMainRBT& Suite::RBTManager()
@@ -110,10 +107,24 @@ frmMainTSL& Suite::TSLManager()
     return *m_tsl;
 }
 
+QWidget& Suite::Window(Manager manager)
+{
+    switch (manager) {
+    case Manager::RBT:
+        return RBTManager();
+    case Manager::SSF:
+        return SSFManager();
+    case Manager::TSL:
+        break;
+    }
+    return TSLManager();
+}
+
 // A manager closed by its frame is only hidden; showing it again brings it back as it was,
 // in front of the others, and a shown one is not made twice.
-void Suite::ShowManager(QWidget& window)
+void Suite::ShowManager(Manager manager)
 {
+    QWidget& window = Window(manager);
     if (window.isMinimized())
         window.showNormal();
     else

@@ -14,6 +14,7 @@ class frmMainRBT;
 class frmMainSSF;
 class frmMainTSL;
 class QWidget;
+enum class Manager;
 
 class Suite : public SuiteLinks {
 public:
@@ -33,20 +34,20 @@ public:
     // (only unknown files), the suite starts as without files.
     QStringList OpenFiles(const QStringList& paths);
 
-    void ShowRBTManager() override;
-    void ShowSSFManager() override;
-    void ShowTSLManager() override;
-    void EditRBT(const std::optional<QString>& strFileName) override;
-    void EditSSF(const std::optional<QString>& strFileName) override;
+    void ShowManager(Manager manager) override;
+    void HandOver(Manager manager, const std::optional<QString>& strFileName) override;
 
 private:
     frmMainRBT& RBTManager();
     frmMainSSF& SSFManager();
     frmMainTSL& TSLManager();
+    // The manager of that kind, made at its first use.
+    QWidget& Window(Manager manager);
+    // Opens the bare name in the base directory in the manager of that kind; True when it
+    // opened.
+    bool Open(Manager manager, const QString& strFileName);
     // Why the file of that full path did not open in its manager.
     QString OpenFile(const QString& path);
-
-    static void ShowManager(QWidget& window);
 
     // The dialogs outlive the windows that hold a reference to them: members are destroyed
     // in reverse order.

@@ -5,27 +5,72 @@ function(troupe_warnings target)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Werror)
 endfunction()
 
-# A core library: documents, records, file formats, path services, the scanner.
-# It may know QtCore and other core targets, never a widget: the check below fails
-# the configure step when a core target is given anything that pulls in Gui or Widgets.
+# Each library sees only the folders it may include from. Its include root, a folder of the
+# build tree, holds links to those folders and to nothing else, so an include from any other
+# folder fails to compile. "foundation/core" is the foundation without its controls.
+function(troupe_include_root target)
+    set(root ${PROJECT_BINARY_DIR}/include-roots/${target})
+    file(REMOVE_RECURSE ${root})
+    file(MAKE_DIRECTORY ${root})
+    foreach(folder IN LISTS ARGN)
+        if(folder STREQUAL "foundation/core")
+            file(MAKE_DIRECTORY ${root}/foundation)
+            file(GLOB headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/foundation/*.h)
+            foreach(header IN LISTS headers)
+                get_filename_component(name ${header} NAME)
+                file(CREATE_LINK ${header} ${root}/foundation/${name} COPY_ON_ERROR SYMBOLIC)
+            endforeach()
+        else()
+            file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${folder} ${root}/${folder}
+                 COPY_ON_ERROR SYMBOLIC)
+        endif()
+    endforeach()
+    target_include_directories(${target} PRIVATE ${root})
+endfunction()
+
+# The top folder of the project that holds the current CMakeLists.txt: "rig", "foundation".
+function(troupe_own_folder out)
+    file(RELATIVE_PATH own ${PROJECT_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
+    string(REGEX REPLACE "/.*" "" own "${own}")
+    set(${out} ${own} PARENT_SCOPE)
+endfunction()
+
+# A core library: documents, records, file formats, path services, the scanner. It may know
+# QtCore and other core targets, never a widget: linking anything that pulls in Gui or
+# Widgets fails the configure step, and a widget header, ours or Qt's, is not on its include
+# path. It sees the foundation's core and its own folder, or the folders named by SEES.
 function(troupe_core_library target)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+    cmake_parse_arguments(ARG "" "" "SOURCES;LIBS;SEES" ${ARGN})
     foreach(lib IN LISTS ARG_LIBS)
         if(lib MATCHES "Qt6?::(Gui|Widgets|Test)" OR lib MATCHES "_ui$")
             message(FATAL_ERROR "core target ${target} may not link ${lib}")
         endif()
     endforeach()
     add_library(${target} STATIC ${ARG_SOURCES})
-    target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR})
+    troupe_own_folder(own)
+    if(NOT ARG_SEES)
+        set(ARG_SEES foundation/core)
+        if(NOT own STREQUAL "foundation")
+            list(APPEND ARG_SEES ${own})
+        endif()
+    endif()
+    troupe_include_root(${target} ${ARG_SEES})
     target_link_libraries(${target} PUBLIC Qt6::Core ${ARG_LIBS})
     troupe_warnings(${target})
 endfunction()
 
-# A window library: windows and controls over Qt Widgets, standing on core targets.
+# A window library: windows and controls over Qt Widgets, standing on core targets. It sees
+# the foundation with its controls and its own folder, or the folders named by SEES: no
+# window folder sees another's.
 function(troupe_ui_library target)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+    cmake_parse_arguments(ARG "" "" "SOURCES;LIBS;SEES" ${ARGN})
     add_library(${target} STATIC ${ARG_SOURCES})
-    target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR})
+    troupe_own_folder(own)
+    if(NOT ARG_SEES)
+        set(ARG_SEES foundation ${own})
+        list(REMOVE_DUPLICATES ARG_SEES)
+    endif()
+    troupe_include_root(${target} ${ARG_SEES})
     target_link_libraries(${target} PUBLIC Qt6::Widgets ${ARG_LIBS})
     troupe_warnings(${target})
 endfunction()
@@ -35,6 +80,8 @@ endfunction()
 function(troupe_add_test name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
+    # A test may reach into any folder: it checks the layers, it is none of them.
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
     target_link_libraries(${name} PRIVATE Qt6::Test ${ARG_LIBS})
     target_compile_definitions(${name} PRIVATE
         TROUPE_FIXTURES_DIR="${PROJECT_SOURCE_DIR}/tests/fixtures")

@@ -105,13 +105,20 @@ bool FileAccess::SaveWhole(const QString& path, const std::function<bool(QIODevi
                            QString* why)
 {
     QSaveFile file(path);
+    // Qt cannot always say why its temporary twin was not made or put in place.
+    const auto failed = [&] {
+        const QString reason = !QFileInfo(QFileInfo(path).absolutePath()).isDir()
+                                   ? QStringLiteral("its folder does not exist")
+                               : file.error() == QFileDevice::UnspecifiedError
+                                   ? QStringLiteral("no file can be made in its folder")
+                                   : file.errorString();
+        return Fail(why, path + QStringLiteral(": ") + reason);
+    };
     if (!file.open(QIODevice::WriteOnly))
-        return Fail(why, file.errorString());
+        return failed();
     if (!write(file)) {
         file.cancelWriting();
         return false;
     }
-    if (!file.commit())
-        return Fail(why, file.errorString());
-    return true;
+    return file.commit() || failed();
 }

@@ -6,21 +6,16 @@
 #include "rig/frmMainRBT.h"
 
 #include "foundation/Limits.h"
+#include "foundation/controls/CommandButton.h"
 #include "foundation/controls/DialogService.h"
 #include "foundation/controls/ListBox.h"
-#include "foundation/controls/ManagerWindow.h"
-#include "foundation/controls/SuiteLinks.h"
 #include "foundation/controls/TextBox.h"
 #include "foundation/mdlGeneral.h"
 #include "rig/frmNewRBT.h"
 
-#include <QCoreApplication>
-
 #include <utility>
 
 namespace {
-
-const QString RbtFilter = QStringLiteral("Rig Binding Tool Files (*.rbt)|*.rbt");
 
 // The compiled model and its text form differ in the last character of the path alone
 // ("hero.ltb" and "hero.lta"); the extension is not looked at.
@@ -37,10 +32,12 @@ QString ModelMessage(const QString& strModelFile)
 } // namespace
 
 frmMainRBT::frmMainRBT(DialogService& dialogs, SuiteLinks* links, QWidget* parent)
-    : QMainWindow(parent), m_dialogs(dialogs), m_links(links), CommonDialog1(dialogs)
+    : ManagerFrame(QStringLiteral("frmMainRBT"), QStringLiteral("Rig Binding Table Manager"),
+                   {Manager::RBT, QStringLiteral("RBT"), QStringLiteral("Rig Binding Table"),
+                    QStringLiteral("Rig Binding Tool Files (*.rbt)|*.rbt"), QStringLiteral(".rbt"),
+                    QStringLiteral("menSep1"), QStringLiteral("&Exit")},
+                   dialogs, links, parent)
 {
-    setObjectName(QStringLiteral("frmMainRBT"));
-    setWindowTitle(QStringLiteral("Rig Binding Table Manager"));
     // A fixed border: no maximise button and no resizing.
     setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                    Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
@@ -48,14 +45,12 @@ frmMainRBT::frmMainRBT(DialogService& dialogs, SuiteLinks* links, QWidget* paren
     createControls();
     createMenus();
     connectEvents();
-    setFixedSize(sizeHint());
-    ManagerWindow::SetUp(*this, size());
-    Form_Load();
+    FinishSetUp({{Manager::SSF, QStringLiteral("SFF Manager")},
+                 {Manager::TSL, QStringLiteral("TSL Manager")}});
+    setFixedSize(size());
 }
 
 frmMainRBT::~frmMainRBT() = default;
-
-void frmMainRBT::Form_Load() { strTitle = windowTitle(); }
 
 // --- the fill of the controls ---
 
@@ -120,28 +115,20 @@ void frmMainRBT::menNewRBT_Click()
     FillModelLists();
     FillDocument();
     strRBTFile.clear();
-    writeCaption(QStringLiteral("<no name>"));
+    DocumentIsNew();
 }
 
 void frmMainRBT::menOpenRBT_Click()
 {
-    CommonDialog1.FileName.clear();
-    CommonDialog1.Filter = RbtFilter;
-    CommonDialog1.ShowOpen();
-    // A cancel leaves the FileName just emptied.
-    if (CommonDialog1.FileName.isEmpty())
-        return;
-    // The first file picked sets the base directory of the run.
-    mdlGeneral::TakeCurrentDirFrom(CommonDialog1.FileName);
-    OpenRBT(mdlGeneral::GetFileName(CommonDialog1.FileName));
+    if (const std::optional<QString> strFileName = ChooseDocument())
+        OpenRBT(*strFileName);
 }
 
 bool frmMainRBT::OpenRBT(const QString& strFileName)
 {
     auto loaded = std::make_unique<clsRBT>();
     if (!loaded->Load(mdlGeneral::strCurrentDir + strFileName)) {
-        m_dialogs.MsgBox(QStringLiteral("Cannot open the RBT file ") + mdlGeneral::strCurrentDir +
-                         strFileName);
+        ReportOpenFailure(strFileName);
         return false;
     }
     const QString modelFile = WithLastCharacter(loaded->Model, u'a');
@@ -182,7 +169,7 @@ bool frmMainRBT::OpenRBT(const QString& strFileName)
         m_dialogs.MsgBox(ModelMessage(strModelFile));
     }
     strRBTFile = mdlGeneral::GetFileName(strFileName);
-    writeCaption(strRBTFile);
+    DocumentOpened(strRBTFile);
     return true;
 }
 
@@ -197,64 +184,33 @@ void frmMainRBT::menSaveRBT_Click()
 {
     if (!objRBT)
         return; // nothing to save, no dialog
-    CommonDialog1.FileName = strRBTFile;
-    CommonDialog1.Filter = RbtFilter;
-    CommonDialog1.DefaultExt = QStringLiteral(".rbt");
-    const bool chosen = CommonDialog1.ShowSave();
-    CommonDialog1.DefaultExt.clear();
-    if (!chosen || CommonDialog1.FileName.isEmpty())
-        return;
-    // The paths inside the file are written relative to the base directory, so a first
-    // save sets it before writing.
-    mdlGeneral::TakeCurrentDirFrom(CommonDialog1.FileName);
-    if (objRBT->Save(CommonDialog1.FileName)) {
-        strRBTFile = mdlGeneral::GetFileName(CommonDialog1.FileName);
-        writeCaption(strRBTFile);
-    } else {
-        m_dialogs.MsgBox(QStringLiteral("Cannot save RBT file"));
-    }
-}
-
-void frmMainRBT::menExit_Click()
-{
-    // The run ends at once, with no prompt and no save: main returns from the event loop.
-    QCoreApplication::exit(0);
-}
-
-void frmMainRBT::menSFFEditor_Click()
-{
-    if (m_links)
-        m_links->ShowSSFManager();
-}
-
-void frmMainRBT::menTSLEditor_Click()
-{
-    if (m_links)
-        m_links->ShowTSLManager();
+    SaveDocument(strRBTFile, [this](const QString& file, QString* why) {
+        // The paths inside the file are written relative to the base directory, so a first
+        // save sets it before writing.
+        mdlGeneral::TakeCurrentDirFrom(file);
+        return objRBT->Save(file, why);
+    });
 }
 
 // --- general information ---
 
 void frmMainRBT::Command3_Click()
 {
-    chooseInto(QStringLiteral("Texture Files (*.dtx)|*.dtx"), *txtTexture);
+    chooseInto(QStringLiteral("Texture Files (*.dtx)|*.dtx"), *Command3, *txtTexture);
 }
 
 void frmMainRBT::Command4_Click()
 {
-    chooseInto(QStringLiteral("Bitmap Files (*.bmp)|*.bmp"), *txtBitmap);
+    chooseInto(QStringLiteral("Bitmap Files (*.bmp)|*.bmp"), *Command4, *txtBitmap);
 }
 
-void frmMainRBT::chooseInto(const QString& filter, TextBox& box)
+void frmMainRBT::chooseInto(const QString& filter, CommandButton& chooser, TextBox& box)
 {
     if (!objRBT)
         return; // a texture or bitmap belongs to a document
-    CommonDialog1.FileName.clear();
-    CommonDialog1.Filter = filter;
-    CommonDialog1.ShowOpen();
     // The box's Change carries the path into the document; a cancel leaves it as it was.
-    if (!CommonDialog1.FileName.isEmpty())
-        box.setText(CommonDialog1.FileName);
+    if (const QString file = CommonDialog1.PickFile(filter, chooser); !file.isEmpty())
+        box.setText(file);
 }
 
 void frmMainRBT::txtTexture_Change()
@@ -270,11 +226,6 @@ void frmMainRBT::txtBitmap_Change()
 }
 
 // --- shared by the commands ---
-
-void frmMainRBT::writeCaption(const QString& name)
-{
-    setWindowTitle(strTitle + QStringLiteral(" - ") + name);
-}
 
 bool frmMainRBT::roomForOneMore(qint16 listCount) const
 {

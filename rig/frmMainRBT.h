@@ -10,27 +10,22 @@
 // record i of its document list, so a list's `ListIndex` is the record index; no other
 // variable says which record is under edit.
 
-#include "foundation/controls/CommonDialog.h"
+#include "foundation/controls/ManagerFrame.h"
 #include "rig/LtaScanner.h"
 #include "rig/clsRBT.h"
-
-#include <QMainWindow>
 
 #include <memory>
 
 class CheckBox;
 class CommandButton;
-class DialogService;
 class Frame;
 class ListBox;
-class Menu;
 class OptionButton;
 class QLabel;
-class SuiteLinks;
 class TextBox;
 class frmNewRBT;
 
-class frmMainRBT : public QMainWindow {
+class frmMainRBT : public ManagerFrame {
     Q_OBJECT
 
 public:
@@ -57,22 +52,17 @@ private:
     void connectEvents();
 
     // --- files and general information (frmMainRBT.cpp) ---
-    void Form_Load();
     void FillModelLists();
     void FillDocument();
     void menNewRBT_Click();
     void menOpenRBT_Click();
     void menSaveRBT_Click();
-    void menExit_Click();
-    void menSFFEditor_Click();
-    void menTSLEditor_Click();
     void Command3_Click();
     void Command4_Click();
     // Command3 and Command4: a file picked in the open dialog goes into `box`.
-    void chooseInto(const QString& filter, TextBox& box);
+    void chooseInto(const QString& filter, CommandButton& chooser, TextBox& box);
     void txtTexture_Change();
     void txtBitmap_Change();
-    void writeCaption(const QString& name);
     // The message of an open whose animations do not match the model.
     void reportModelChanged(const QString& strFileName, const QString& description);
     // False when one more record would not fit: the list already holds `listCount` records,
@@ -107,11 +97,7 @@ private:
     void menDeleteAnimation_Click();
 
     // --- state ---
-    DialogService& m_dialogs;
-    SuiteLinks* m_links;
-    CommonDialog CommonDialog1;
     std::unique_ptr<clsRBT> objRBT; // none until the first New or Open
-    QString strTitle;
     QString strRBTFile;
     QString strModelFile;
     // What the last successful scan found: `strAnimations` and `strNodes`.
@@ -156,14 +142,8 @@ private:
     QLabel* Label6 = nullptr;
     ListBox* lstAnimations = nullptr;
 
-    Menu* menNewRBT = nullptr;
-    Menu* menOpenRBT = nullptr;
-    Menu* menSaveRBT = nullptr;
-    Menu* menExit = nullptr;
     Menu* menRenameJoint = nullptr;
     Menu* menDeleteJoint = nullptr;
     Menu* menRenameAnimation = nullptr;
     Menu* menDeleteAnimation = nullptr;
-    Menu* menSFFEditor = nullptr;
-    Menu* menTSLEditor = nullptr;
 };

@@ -177,17 +177,6 @@ void frmMainRBT::createControls()
 void frmMainRBT::createMenus()
 {
     QMenuBar* bar = menuBar();
-
-    QMenu* menFile = Menu::AddMenu(bar, QStringLiteral("menFile"), QStringLiteral("File"));
-    menNewRBT = Menu::AddEntry(menFile, QStringLiteral("menNewRBT"),
-                               QStringLiteral("&New Rig Binding Table"));
-    menOpenRBT = Menu::AddEntry(menFile, QStringLiteral("menOpenRBT"),
-                                QStringLiteral("&Open Rig Binding Table"));
-    menSaveRBT = Menu::AddEntry(menFile, QStringLiteral("menSaveRBT"),
-                                QStringLiteral("&Save Rig Binding Table"));
-    Menu::AddSeparator(menFile, QStringLiteral("menSep1"));
-    menExit = Menu::AddEntry(menFile, QStringLiteral("menExit"), QStringLiteral("&Exit"));
-
     QMenu* menJoint = Menu::AddMenu(bar, QStringLiteral("menJoint"), QStringLiteral("Joint"));
     menRenameJoint =
         Menu::AddEntry(menJoint, QStringLiteral("menRenameJoint"), QStringLiteral("&Rename"));
@@ -200,23 +189,13 @@ void frmMainRBT::createMenus()
                                         QStringLiteral("&Rename"));
     menDeleteAnimation = Menu::AddEntry(menAnimation, QStringLiteral("menDeleteAnimation"),
                                         QStringLiteral("&Delete"));
-
-    QMenu* menTools = Menu::AddMenu(bar, QStringLiteral("menTools"), QStringLiteral("Tools"));
-    menSFFEditor =
-        Menu::AddEntry(menTools, QStringLiteral("menSFFEditor"), QStringLiteral("SFF Manager"));
-    menTSLEditor =
-        Menu::AddEntry(menTools, QStringLiteral("menTSLEditor"), QStringLiteral("TSL Manager"));
 }
 
 void frmMainRBT::connectEvents()
 {
     // Files and general information.
-    connect(menNewRBT, &Menu::Click, this, &frmMainRBT::menNewRBT_Click);
-    connect(menOpenRBT, &Menu::Click, this, &frmMainRBT::menOpenRBT_Click);
-    connect(menSaveRBT, &Menu::Click, this, &frmMainRBT::menSaveRBT_Click);
-    connect(menExit, &Menu::Click, this, &frmMainRBT::menExit_Click);
-    connect(menSFFEditor, &Menu::Click, this, &frmMainRBT::menSFFEditor_Click);
-    connect(menTSLEditor, &Menu::Click, this, &frmMainRBT::menTSLEditor_Click);
+    ConnectFileCommands(&frmMainRBT::menNewRBT_Click, &frmMainRBT::menOpenRBT_Click,
+                        &frmMainRBT::menSaveRBT_Click);
     connect(Command3, &CommandButton::Click, this, &frmMainRBT::Command3_Click);
     connect(Command4, &CommandButton::Click, this, &frmMainRBT::Command4_Click);
     connect(txtTexture, &TextBox::Change, this, &frmMainRBT::txtTexture_Change);

@@ -67,13 +67,12 @@ QString frmNewRBT::ModelPath() const { return txtModel->Text(); }
 
 void frmNewRBT::Command1_Click()
 {
-    CommonDialog1.FileName.clear();
-    CommonDialog1.Filter = QStringLiteral("LichTech Model Files (*.lta)|*.lta");
-    CommonDialog1.ShowOpen();
-    // A cancel leaves the FileName just emptied, and the box as it was. The base directory
-    // of the run is not set from here: a model is no document.
-    if (!CommonDialog1.FileName.isEmpty())
-        txtModel->setText(CommonDialog1.FileName);
+    // A cancel leaves the box as it was. The base directory of the run is not set from here:
+    // a model is no document.
+    const QString file =
+        CommonDialog1.PickFile(QStringLiteral("LichTech Model Files (*.lta)|*.lta"), *Command1);
+    if (!file.isEmpty())
+        txtModel->setText(file);
 }
 
 void frmNewRBT::Command2_Click()

@@ -6,7 +6,6 @@
 #include "foundation/controls/CommandButton.h"
 #include "foundation/controls/Frame.h"
 #include "foundation/controls/ListBox.h"
-#include "foundation/controls/ManagerWindow.h"
 #include "foundation/controls/Menu.h"
 #include "foundation/controls/TextBox.h"
 
@@ -45,15 +44,18 @@ void layOutFieldRows(Frame* frame, QLabel* label1, TextBox* box1, QLabel* label2
 } // namespace
 
 frmMainTSL::frmMainTSL(DialogService& dialogs, SuiteLinks* links, QWidget* parent)
-    : QMainWindow(parent), m_dialogs(dialogs), m_links(links), CommonDialog1(dialogs)
+    : ManagerFrame(QStringLiteral("frmMainTSL"), QStringLiteral("Troupe Show Listing Manager"),
+                   {Manager::TSL, QStringLiteral("TSL"), QStringLiteral("Troupe Show Listing"),
+                    QStringLiteral("Troupe Show Listing Files (*.tsl)|*.tsl"),
+                    QStringLiteral(".tsl"), QStringLiteral("menSep04"), QStringLiteral("&Exit")},
+                   dialogs, links, parent)
 {
-    setObjectName(QStringLiteral("frmMainTSL"));
-    setWindowTitle(QStringLiteral("Troupe Show Listing Manager"));
     createControls();
     createMenus();
     connectEvents();
-    ManagerWindow::SetUp(*this, QSize(720, 540));
-    Form_Load();
+    FinishSetUp({{Manager::SSF, QStringLiteral("SSF Manager")},
+                 {Manager::RBT, QStringLiteral("RBT Manager")}},
+                QSize(720, 540));
 }
 
 frmMainTSL::~frmMainTSL() = default;
@@ -133,30 +135,12 @@ void frmMainTSL::alignColumnHeads()
 
 void frmMainTSL::createMenus()
 {
-    QMenuBar* bar = menuBar();
-
-    QMenu* menFile = Menu::AddMenu(bar, QStringLiteral("menFile"), QStringLiteral("File"));
-    menNewTSL = Menu::AddEntry(menFile, QStringLiteral("menNewTSL"),
-                               QStringLiteral("&New Troupe Show Listing"));
-    menOpenTSL = Menu::AddEntry(menFile, QStringLiteral("menOpenTSL"),
-                                QStringLiteral("&Open Troupe Show Listing"));
-    menSaveTSL = Menu::AddEntry(menFile, QStringLiteral("menSaveTSL"),
-                                QStringLiteral("&Save Troupe Show Listing"));
-    Menu::AddSeparator(menFile, QStringLiteral("menSep04"));
-    menExit = Menu::AddEntry(menFile, QStringLiteral("menExit"), QStringLiteral("&Exit"));
-
-    QMenu* menScene = Menu::AddMenu(bar, QStringLiteral("menScene"), QStringLiteral("Scene"));
+    QMenu* menScene = Menu::AddMenu(menuBar(), QStringLiteral("menScene"), QStringLiteral("Scene"));
     menDeleteScene =
         Menu::AddEntry(menScene, QStringLiteral("menDeleteScene"), QStringLiteral("&Delete"));
     Menu::AddSeparator(menScene, QStringLiteral("menSep02"));
     menEditSSF =
         Menu::AddEntry(menScene, QStringLiteral("menEditSSF"), QStringLiteral("&Edit SSF File"));
-
-    QMenu* menTools = Menu::AddMenu(bar, QStringLiteral("menTools"), QStringLiteral("Tools"));
-    menSFFEditor =
-        Menu::AddEntry(menTools, QStringLiteral("menSFFEditor"), QStringLiteral("SSF Manager"));
-    menRBTEditor =
-        Menu::AddEntry(menTools, QStringLiteral("menRBTEditor"), QStringLiteral("RBT Manager"));
 }
 
 void frmMainTSL::connectEvents()
@@ -168,13 +152,9 @@ void frmMainTSL::connectEvents()
     connect(lstScenes, &ListBox::Click, this, &frmMainTSL::lstScenes_Click);
     connect(lstScenes, &ListBox::KeyDown, this, &frmMainTSL::lstScenes_KeyDown);
     connect(menDeleteScene, &Menu::Click, this, &frmMainTSL::menDeleteScene_Click);
-    connect(menNewTSL, &Menu::Click, this, &frmMainTSL::menNewTSL_Click);
-    connect(menOpenTSL, &Menu::Click, this, &frmMainTSL::menOpenTSL_Click);
-    connect(menSaveTSL, &Menu::Click, this, &frmMainTSL::menSaveTSL_Click);
-    connect(menExit, &Menu::Click, this, &frmMainTSL::menExit_Click);
+    ConnectFileCommands(&frmMainTSL::menNewTSL_Click, &frmMainTSL::menOpenTSL_Click,
+                        &frmMainTSL::menSaveTSL_Click);
     connect(menEditSSF, &Menu::Click, this, &frmMainTSL::menEditSSF_Click);
-    connect(menSFFEditor, &Menu::Click, this, &frmMainTSL::menSFFEditor_Click);
-    connect(menRBTEditor, &Menu::Click, this, &frmMainTSL::menRBTEditor_Click);
     connect(Command1, &CommandButton::Click, this, &frmMainTSL::Command1_Click);
     connect(Command3, &CommandButton::Click, this, &frmMainTSL::Command3_Click);
     connect(Command5, &CommandButton::Click, this, &frmMainTSL::Command5_Click);

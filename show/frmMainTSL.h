@@ -3,23 +3,18 @@
 // its events (frmMainTSL_events.cpp); its controls and menus, each carrying its name as
 // objectName, are laid out in frmMainTSL.cpp.
 
-#include "foundation/controls/CommonDialog.h"
+#include "foundation/controls/ManagerFrame.h"
 #include "show/clsTSL.h"
-
-#include <QMainWindow>
 
 #include <memory>
 
 class CommandButton;
-class DialogService;
 class Frame;
 class ListBox;
-class Menu;
 class QLabel;
-class SuiteLinks;
 class TextBox;
 
-class frmMainTSL : public QMainWindow {
+class frmMainTSL : public ManagerFrame {
     Q_OBJECT
 
 public:
@@ -53,7 +48,6 @@ private:
     void ShowScene(qint16 index);
     void RefreshWindow();
 
-    void Form_Load();
     void txtTitle_Change();
     void txtWorld_Change();
     void txtName_Change();
@@ -65,11 +59,8 @@ private:
     void menNewTSL_Click();
     void menOpenTSL_Click();
     void menSaveTSL_Click();
-    void menExit_Click();
 
     void menEditSSF_Click();
-    void menSFFEditor_Click();
-    void menRBTEditor_Click();
 
     void Command1_Click();
     void Command3_Click();
@@ -78,15 +69,8 @@ private:
     // txtName and txtSSF Change: the box's text into a field of the selected scene.
     void writeSelectedScene(QString clsScene::*field, const TextBox& box);
 
-    // Caption is the window title; "<base> - <name>".
-    void writeCaption(const QString& name);
-
     // --- state ---
-    DialogService& m_dialogs;
-    SuiteLinks* m_links;
-    CommonDialog CommonDialog1;
     std::unique_ptr<clsTSL> objTSL; // none until the first New or open
-    QString strBaseCaption;
     QString strCurrentFile;
 
     // --- controls, owned by the window through their Qt parents ---
@@ -108,12 +92,6 @@ private:
     TextBox* txtSSF = nullptr;
     CommandButton* Command3 = nullptr;
 
-    Menu* menNewTSL = nullptr;
-    Menu* menOpenTSL = nullptr;
-    Menu* menSaveTSL = nullptr;
-    Menu* menExit = nullptr;
     Menu* menDeleteScene = nullptr;
     Menu* menEditSSF = nullptr;
-    Menu* menSFFEditor = nullptr;
-    Menu* menRBTEditor = nullptr;
 };

@@ -3,21 +3,13 @@
 
 #include "foundation/Limits.h"
 #include "foundation/controls/CommandButton.h"
-#include "foundation/controls/DialogService.h"
 #include "foundation/controls/Frame.h"
 #include "foundation/controls/ListBox.h"
-#include "foundation/controls/SuiteLinks.h"
 #include "foundation/controls/TextBox.h"
 #include "foundation/mdlGeneral.h"
 #include "show/frmMainTSL.h"
 
-#include <QCoreApplication>
-
-#include <algorithm>
-
 namespace {
-
-const QString TslFilter = QStringLiteral("Troupe Show Listing Files (*.tsl)|*.tsl");
 
 // SceneRowText: the name is cut to 32 characters and padded to 33, the file follows.
 constexpr qsizetype NameWidth = 32;
@@ -56,15 +48,15 @@ void frmMainTSL::RefreshWindow()
 {
     txtTitle->setText(objTSL->Title);
     txtWorld->setText(objTSL->MainWorld);
-    // No row is selected afterwards; the detail controls stay as they are.
+    // No row is selected afterwards; the detail controls keep the last scene's texts, which
+    // now belong to no scene.
+    Frame2->ShowOrphaned(true);
     lstScenes->Clear();
     for (qint16 index = 0; index < objTSL->NumScenes(); ++index)
         lstScenes->AddItem(SceneRowText(index));
 }
 
 // --- events ---
-
-void frmMainTSL::Form_Load() { strBaseCaption = windowTitle(); }
 
 void frmMainTSL::txtTitle_Change()
 {
@@ -104,6 +96,7 @@ void frmMainTSL::lstScenes_Click()
         return;
     ShowScene(index);
     Frame2->setEnabled(true);
+    Frame2->ShowOrphaned(false);
 }
 
 void frmMainTSL::lstScenes_KeyDown(int KeyCode)
@@ -116,9 +109,10 @@ void frmMainTSL::menDeleteScene_Click()
 {
     if (!objTSL || lstScenes->ListIndex() == -1)
         return;
-    // No question is asked.
+    // No question is asked. The detail controls keep the deleted scene's texts.
     objTSL->DeleteScene(lstScenes->ListIndex());
     lstScenes->RemoveItem(lstScenes->ListIndex());
+    Frame2->ShowOrphaned(true);
 }
 
 // --- the File commands ---
@@ -127,7 +121,7 @@ void frmMainTSL::menNewTSL_Click()
 {
     objTSL = std::make_unique<clsTSL>();
     RefreshWindow();
-    writeCaption(QStringLiteral("<no name>"));
+    DocumentIsNew();
     strCurrentFile.clear();
     Frame4->setEnabled(true);
     Frame1->setEnabled(true);
@@ -135,15 +129,8 @@ void frmMainTSL::menNewTSL_Click()
 
 void frmMainTSL::menOpenTSL_Click()
 {
-    CommonDialog1.FileName.clear();
-    CommonDialog1.Filter = TslFilter;
-    CommonDialog1.ShowOpen();
-    // A cancel leaves the FileName just emptied.
-    if (CommonDialog1.FileName.isEmpty())
-        return;
-    // The first document picked sets the base directory of the run.
-    mdlGeneral::TakeCurrentDirFrom(CommonDialog1.FileName);
-    OpenTSL(mdlGeneral::GetFileName(CommonDialog1.FileName));
+    if (const std::optional<QString> strFileName = ChooseDocument())
+        OpenTSL(*strFileName);
 }
 
 bool frmMainTSL::OpenTSL(const QString& strFileName)
@@ -152,8 +139,7 @@ bool frmMainTSL::OpenTSL(const QString& strFileName)
     // succeeds; a failed open keeps the document, rows and caption the window had.
     auto loaded = std::make_unique<clsTSL>();
     if (!loaded->Load(mdlGeneral::strCurrentDir + strFileName)) {
-        m_dialogs.MsgBox(QStringLiteral("Cannot open the TSL file ") + mdlGeneral::strCurrentDir +
-                         strFileName);
+        ReportOpenFailure(strFileName);
         return false;
     }
     objTSL = std::move(loaded);
@@ -161,7 +147,7 @@ bool frmMainTSL::OpenTSL(const QString& strFileName)
     RefreshWindow();
     Frame4->setEnabled(true);
     Frame1->setEnabled(true);
-    writeCaption(strCurrentFile);
+    DocumentOpened(strCurrentFile);
     return true;
 }
 
@@ -169,54 +155,20 @@ void frmMainTSL::menSaveTSL_Click()
 {
     if (!objTSL)
         return; // nothing to save, no dialog
-    CommonDialog1.FileName = strCurrentFile;
-    CommonDialog1.Filter = TslFilter;
-    CommonDialog1.DefaultExt = QStringLiteral(".tsl");
-    const bool chosen = CommonDialog1.ShowSave();
-    CommonDialog1.DefaultExt.clear();
-    if (!chosen || CommonDialog1.FileName.isEmpty())
-        return;
     // The full path of the dialog; strCurrentDir is not touched.
-    if (objTSL->Save(CommonDialog1.FileName)) {
-        strCurrentFile = mdlGeneral::GetFileName(CommonDialog1.FileName);
-        writeCaption(strCurrentFile);
-    } else {
-        m_dialogs.MsgBox(QStringLiteral("Cannot save TSL file"));
-    }
-}
-
-void frmMainTSL::menExit_Click()
-{
-    // `End`: the run ends at once, with no prompt and no save; main returns from the
-    // event loop and the process ends.
-    QCoreApplication::exit(0);
+    SaveDocument(strCurrentFile,
+                 [this](const QString& file, QString* why) { return objTSL->Save(file, why); });
 }
 
 // --- the other managers ---
 
 void frmMainTSL::menEditSSF_Click()
 {
-    if (!m_links)
-        return;
     // Only the bare name goes across; the other manager looks for it in the base directory.
     const int index = lstScenes->ListIndex();
     const std::shared_ptr<clsScene> scene = index != -1 && objTSL ? objTSL->Scenes(index) : nullptr;
-    if (scene)
-        m_links->EditSSF(mdlGeneral::GetFileName(scene->SSF));
-    else
-        m_links->EditSSF(std::nullopt);
-}
-
-void frmMainTSL::menSFFEditor_Click()
-{
-    if (m_links)
-        m_links->ShowSSFManager();
-}
-
-void frmMainTSL::menRBTEditor_Click()
-{
-    if (m_links)
-        m_links->ShowRBTManager();
+    HandOver(Manager::SSF,
+             scene ? std::optional(mdlGeneral::GetFileName(scene->SSF)) : std::nullopt);
 }
 
 // --- the buttons ---
@@ -234,32 +186,14 @@ void frmMainTSL::Command1_Click()
 
 void frmMainTSL::Command3_Click()
 {
-    CommonDialog1.FileName.clear();
-    CommonDialog1.Filter = QStringLiteral("Stage Scene Files (*.ssf)|*.ssf");
-    CommonDialog1.ShowOpen();
-    if (CommonDialog1.FileName.isEmpty()) // a cancel
+    const QString file =
+        CommonDialog1.PickFile(QStringLiteral("Stage Scene Files (*.ssf)|*.ssf"), *Command3);
+    if (file.isEmpty()) // a cancel
         return;
     // Change carries it into the selected scene and its row, if there is one.
-    txtSSF->setText(QStringLiteral("..\\rez\\") + mdlGeneral::GetFileName(CommonDialog1.FileName));
+    txtSSF->setText(QStringLiteral("..\\rez\\") + mdlGeneral::GetFileName(file));
     // A scene's file may be the first pick of the run, which sets the base directory.
-    mdlGeneral::TakeCurrentDirFrom(CommonDialog1.FileName);
+    mdlGeneral::TakeCurrentDirFrom(file);
 }
 
-void frmMainTSL::Command5_Click()
-{
-    CommonDialog1.FileName.clear();
-    CommonDialog1.Filter = QStringLiteral("LithTech world dat file (*.dat)|*.dat");
-    CommonDialog1.ShowOpen();
-    if (CommonDialog1.FileName.isEmpty())
-        return;
-    txtWorld->setText(QStringLiteral("..\\rez\\worlds\\") +
-                      mdlGeneral::GetFileName(CommonDialog1.FileName));
-    // The last four characters go, whatever they are. strCurrentDir is not touched.
-    const QString world = txtWorld->Text();
-    txtWorld->setText(world.left(std::max<qsizetype>(0, world.size() - 4)));
-}
-
-void frmMainTSL::writeCaption(const QString& name)
-{
-    setWindowTitle(strBaseCaption + QStringLiteral(" - ") + name);
-}
+void frmMainTSL::Command5_Click() { ChooseWorld(*Command5, *txtWorld); }

@@ -6,22 +6,15 @@
 
 #include "foundation/controls/ComboBox.h"
 #include "foundation/controls/CommandButton.h"
-#include "foundation/controls/DialogService.h"
 #include "foundation/controls/Frame.h"
 #include "foundation/controls/ListBox.h"
 #include "foundation/controls/Menu.h"
-#include "foundation/controls/SuiteLinks.h"
 #include "foundation/controls/TextBox.h"
 #include "foundation/mdlGeneral.h"
 
-#include <QCoreApplication>
 #include <QTabWidget>
 
-#include <algorithm>
-
 namespace {
-
-const QString SsfFilter = QStringLiteral("Stage Scene Files (*.ssf)|*.ssf");
 
 // A camera whose Id is no 32-bit integer keeps its Id text in its row of the main camera
 // list under this role, beside the integer ItemData the others carry.
@@ -42,12 +35,8 @@ void frmMainSSF::connectEvents()
     connect(Command5, &CommandButton::Click, this, &frmMainSSF::Command5_Click);
     connect(txtMainCamera, &ComboBox::DropDown, this, &frmMainSSF::txtMainCamera_DropDown);
     connect(txtMainCamera, &ComboBox::Click, this, &frmMainSSF::txtMainCamera_Click);
-    connect(menNewSSF, &Menu::Click, this, &frmMainSSF::menNewSSF_Click);
-    connect(menOpenSSF, &Menu::Click, this, &frmMainSSF::menOpenSSF_Click);
-    connect(menSaveSSF, &Menu::Click, this, &frmMainSSF::menSaveSSF_Click);
-    connect(menExit, &Menu::Click, this, &frmMainSSF::menExit_Click);
-    connect(menRBTEditor, &Menu::Click, this, &frmMainSSF::menRBTEditor_Click);
-    connect(menTSLEditor, &Menu::Click, this, &frmMainSSF::menTSLEditor_Click);
+    ConnectFileCommands(&frmMainSSF::menNewSSF_Click, &frmMainSSF::menOpenSSF_Click,
+                        &frmMainSSF::menSaveSSF_Click);
     connectPuppetPage();
     connectSoundPage();
     connectCameraPage();
@@ -59,8 +48,7 @@ bool frmMainSSF::OpenSSF(const QString& strFileName)
     // file was read: a failed open keeps the document, its rows and the caption.
     auto loaded = std::make_unique<clsSSF>();
     if (!loaded->Load(mdlGeneral::strCurrentDir + strFileName)) {
-        m_dialogs.MsgBox(QStringLiteral("Cannot open the SSF file ") + mdlGeneral::strCurrentDir +
-                         strFileName);
+        ReportOpenFailure(strFileName);
         return false;
     }
     objSSF = std::move(loaded);
@@ -68,11 +56,9 @@ bool frmMainSSF::OpenSSF(const QString& strFileName)
     RefreshWindow();
     Frame4->setEnabled(true);
     SSTab1->setEnabled(true);
-    writeCaption(strCurrentFile);
+    DocumentOpened(strCurrentFile);
     return true;
 }
-
-void frmMainSSF::Form_Load() { strBaseCaption = windowTitle(); }
 
 void frmMainSSF::RefreshWindow()
 {
@@ -82,7 +68,10 @@ void frmMainSSF::RefreshWindow()
     txtServer->setText(objSSF->Server);
     txtPort->setText(objSSF->Port);
 
-    // No row is selected afterwards; the detail controls keep what they show.
+    // No row is selected afterwards; the detail controls keep what they show, which now
+    // belongs to no record.
+    for (Frame* detail : {Frame2, Frame8, Frame1})
+        detail->ShowOrphaned(true);
     lstPuppets->Clear();
     for (qint16 index = 0; index < objSSF->NumPuppets(); ++index)
         lstPuppets->AddItem(PuppetRowText(index));
@@ -150,7 +139,7 @@ void frmMainSSF::menNewSSF_Click()
 {
     objSSF = std::make_unique<clsSSF>();
     RefreshWindow();
-    writeCaption(QStringLiteral("<no name>"));
+    DocumentIsNew();
     strCurrentFile.clear();
     Frame4->setEnabled(true);
     SSTab1->setEnabled(true);
@@ -159,72 +148,17 @@ void frmMainSSF::menNewSSF_Click()
 
 void frmMainSSF::menOpenSSF_Click()
 {
-    CommonDialog1.FileName.clear();
-    CommonDialog1.Filter = SsfFilter;
-    CommonDialog1.ShowOpen();
-    // A cancel leaves the FileName just emptied.
-    if (CommonDialog1.FileName.isEmpty())
-        return;
-    // The first file picked sets the base directory of the run; only its bare name goes on,
-    // so a file picked elsewhere is looked for in the base directory all the same.
-    mdlGeneral::TakeCurrentDirFrom(CommonDialog1.FileName);
-    OpenSSF(mdlGeneral::GetFileName(CommonDialog1.FileName));
+    if (const std::optional<QString> strFileName = ChooseDocument())
+        OpenSSF(*strFileName);
 }
 
 void frmMainSSF::menSaveSSF_Click()
 {
     if (!objSSF)
         return; // nothing to save, no dialog
-    CommonDialog1.FileName = strCurrentFile;
-    CommonDialog1.Filter = SsfFilter;
-    CommonDialog1.DefaultExt = QStringLiteral(".ssf");
-    const bool chosen = CommonDialog1.ShowSave();
-    CommonDialog1.DefaultExt.clear();
-    if (!chosen || CommonDialog1.FileName.isEmpty())
-        return;
     // The full path of the dialog; the base directory is not touched.
-    if (objSSF->Save(CommonDialog1.FileName)) {
-        strCurrentFile = mdlGeneral::GetFileName(CommonDialog1.FileName);
-        writeCaption(strCurrentFile);
-    } else {
-        m_dialogs.MsgBox(QStringLiteral("Cannot save SSF file"));
-    }
+    SaveDocument(strCurrentFile,
+                 [this](const QString& file, QString* why) { return objSSF->Save(file, why); });
 }
 
-void frmMainSSF::menExit_Click()
-{
-    // The run ends at once, with no prompt and no save: main returns from the event loop.
-    QCoreApplication::exit(0);
-}
-
-void frmMainSSF::menRBTEditor_Click()
-{
-    if (m_links)
-        m_links->ShowRBTManager();
-}
-
-void frmMainSSF::menTSLEditor_Click()
-{
-    if (m_links)
-        m_links->ShowTSLManager();
-}
-
-void frmMainSSF::Command5_Click()
-{
-    CommonDialog1.FileName.clear();
-    CommonDialog1.Filter = QStringLiteral("LithTech world dat file (*.dat)|*.dat");
-    CommonDialog1.ShowOpen();
-    if (CommonDialog1.FileName.isEmpty())
-        return;
-    // The world always lies under "..\rez\worlds\", named without the last four characters
-    // of the file picked, whatever they are. The base directory is not touched.
-    txtWorld->setText(QStringLiteral("..\\rez\\worlds\\") +
-                      mdlGeneral::GetFileName(CommonDialog1.FileName));
-    const QString world = txtWorld->Text();
-    txtWorld->setText(world.left(std::max<qsizetype>(0, world.size() - 4)));
-}
-
-void frmMainSSF::writeCaption(const QString& name)
-{
-    setWindowTitle(strBaseCaption + QStringLiteral(" - ") + name);
-}
+void frmMainSSF::Command5_Click() { ChooseWorld(*Command5, *txtWorld); }

@@ -7,10 +7,8 @@
 //   frmMainSSF_puppets.cpp, frmMainSSF_sounds.cpp, frmMainSSF_cameras.cpp   one page each
 //   frmMainSSF_rows.cpp     the fixed-pitch row texts of the three lists
 
-#include "foundation/controls/CommonDialog.h"
+#include "foundation/controls/ManagerFrame.h"
 #include "stage/clsSSF.h"
-
-#include <QMainWindow>
 
 #include <initializer_list>
 #include <memory>
@@ -18,17 +16,14 @@
 
 class ComboBox;
 class CommandButton;
-class DialogService;
 class Frame;
 class ListBox;
-class Menu;
 class OptionButton;
 class QLabel;
 class QTabWidget;
-class SuiteLinks;
 class TextBox;
 
-class frmMainSSF : public QMainWindow {
+class frmMainSSF : public ManagerFrame {
     Q_OBJECT
 
 public:
@@ -73,21 +68,16 @@ private:
     void connectEvents();
 
     // --- files, general information, main camera (frmMainSSF.cpp) ---
-    void Form_Load();
     void RefreshWindow();
     void FillMainCameraList();
     void menNewSSF_Click();
     void menOpenSSF_Click();
     void menSaveSSF_Click();
-    void menExit_Click();
-    void menRBTEditor_Click();
-    void menTSLEditor_Click();
     void Command5_Click();
     void txtMainCamera_DropDown();
     void txtMainCamera_Click();
     void writeGeneralField(QString clsSSF::*field, const TextBox& box);
     void addMainCameraItem(const clsCamera& camera);
-    void writeCaption(const QString& name);
 
     // --- the page mechanism (frmMainSSF_pages.cpp) ---
     template <class Record>
@@ -100,8 +90,9 @@ private:
     template <class Record> void DeleteRow(const Page<Record>& page);
     template <class Record> void UpdateRow(const Page<Record>& page, qint16 index);
     // The file dialog of a "..." button; the target box gets the prefix and the bare name.
-    // True when a file was picked.
-    bool ChooseFile(const QString& filter, const QString& prefix, TextBox* target);
+    // The file picked, or empty on a cancel.
+    QString ChooseFile(const QString& filter, CommandButton& chooser, const QString& prefix,
+                       TextBox& target);
 
     // --- the puppet page (frmMainSSF_puppets.cpp) ---
     Page<clsPuppet> PuppetPage();
@@ -128,11 +119,7 @@ private:
     QString CameraRowText(qint16 index) const;
 
     // --- state ---
-    DialogService& m_dialogs;
-    SuiteLinks* m_links;
-    CommonDialog CommonDialog1;
     std::unique_ptr<clsSSF> objSSF; // none until the first New or open
-    QString strBaseCaption;
     QString strCurrentFile;
 
     // --- controls, owned by the window through their Qt parents ---
@@ -180,14 +167,8 @@ private:
     TextBox* txtOriYCam = nullptr;
     TextBox* txtOriZCam = nullptr;
 
-    Menu* menNewSSF = nullptr;
-    Menu* menOpenSSF = nullptr;
-    Menu* menSaveSSF = nullptr;
-    Menu* menExit = nullptr;
     Menu* menDeletePuppet = nullptr;
     Menu* menEditRBT = nullptr;
     Menu* menDeleteSound = nullptr;
     Menu* menDeleteCamera = nullptr;
-    Menu* menRBTEditor = nullptr;
-    Menu* menTSLEditor = nullptr;
 };

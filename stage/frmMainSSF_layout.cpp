@@ -6,7 +6,6 @@
 #include "foundation/controls/CommandButton.h"
 #include "foundation/controls/Frame.h"
 #include "foundation/controls/ListBox.h"
-#include "foundation/controls/ManagerWindow.h"
 #include "foundation/controls/Menu.h"
 #include "foundation/controls/OptionButton.h"
 #include "foundation/controls/TextBox.h"
@@ -127,18 +126,20 @@ Frame* tripleFrame(const char* name, const char* caption, const QString& firstTe
 } // namespace
 
 frmMainSSF::frmMainSSF(DialogService& dialogs, SuiteLinks* links, QWidget* parent)
-    : QMainWindow(parent), m_dialogs(dialogs), m_links(links), CommonDialog1(dialogs)
+    : ManagerFrame(QStringLiteral("frmMainSSF"), QStringLiteral("Stage Scene File Manager"),
+                   {Manager::SSF, QStringLiteral("SSF"), QStringLiteral("Stage Scene File"),
+                    QStringLiteral("Stage Scene Files (*.ssf)|*.ssf"), QStringLiteral(".ssf"),
+                    QStringLiteral("menSep01"), QStringLiteral("Exit")},
+                   dialogs, links, parent)
 {
-    setObjectName(QStringLiteral("frmMainSSF"));
-    setWindowTitle(QStringLiteral("Stage Scene File Manager"));
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
     createControls();
     createMenus();
+    connectEvents();
     // A fixed border: the window keeps the size its layout asks for, menu bar included.
     QMainWindow::layout()->setSizeConstraint(QLayout::SetFixedSize);
-    connectEvents();
-    ManagerWindow::SetUp(*this, sizeHint());
-    Form_Load();
+    FinishSetUp({{Manager::RBT, QStringLiteral("RBT Manager")},
+                 {Manager::TSL, QStringLiteral("TSL Manager")}});
 }
 
 frmMainSSF::~frmMainSSF() = default;
@@ -309,17 +310,6 @@ QWidget* frmMainSSF::createCameraPage()
 void frmMainSSF::createMenus()
 {
     QMenuBar* bar = menuBar();
-
-    QMenu* menFile = Menu::AddMenu(bar, QStringLiteral("menFile"), QStringLiteral("File"));
-    menNewSSF = Menu::AddEntry(menFile, QStringLiteral("menNewSSF"),
-                               QStringLiteral("&New Stage Scene File"));
-    menOpenSSF = Menu::AddEntry(menFile, QStringLiteral("menOpenSSF"),
-                                QStringLiteral("&Open Stage Scene File"));
-    menSaveSSF = Menu::AddEntry(menFile, QStringLiteral("menSaveSSF"),
-                                QStringLiteral("&Save Stage Scene File"));
-    Menu::AddSeparator(menFile, QStringLiteral("menSep01"));
-    menExit = Menu::AddEntry(menFile, QStringLiteral("menExit"), QStringLiteral("Exit"));
-
     QMenu* menPuppet = Menu::AddMenu(bar, QStringLiteral("menPuppet"), QStringLiteral("Puppet"));
     menDeletePuppet =
         Menu::AddEntry(menPuppet, QStringLiteral("menDeletePuppet"), QStringLiteral("&Delete"));
@@ -334,10 +324,4 @@ void frmMainSSF::createMenus()
     QMenu* menCamera = Menu::AddMenu(bar, QStringLiteral("menCamera"), QStringLiteral("Camera"));
     menDeleteCamera =
         Menu::AddEntry(menCamera, QStringLiteral("menDeleteCamera"), QStringLiteral("Delete"));
-
-    QMenu* menTools = Menu::AddMenu(bar, QStringLiteral("menTools"), QStringLiteral("Tools"));
-    menRBTEditor =
-        Menu::AddEntry(menTools, QStringLiteral("menRBTEditor"), QStringLiteral("RBT Manager"));
-    menTSLEditor =
-        Menu::AddEntry(menTools, QStringLiteral("menTSLEditor"), QStringLiteral("TSL Manager"));
 }

@@ -58,6 +58,7 @@ template <class Record> void frmMainSSF::SelectRow(const Page<Record>& page)
     // Each box written raises its Change, which writes the same text back into the record.
     (this->*page.DetailFill)(static_cast<qint16>(index));
     page.DetailFrame->setEnabled(true);
+    page.DetailFrame->ShowOrphaned(false);
 }
 
 template <class Record>
@@ -82,6 +83,7 @@ template <class Record> void frmMainSSF::DeleteRow(const Page<Record>& page)
     // selected and the detail controls go on showing the deleted record.
     ((*objSSF).*page.DocumentDelete)(static_cast<qint16>(index));
     page.List->RemoveItem(index);
+    page.DetailFrame->ShowOrphaned(true);
 }
 
 template <class Record> void frmMainSSF::UpdateRow(const Page<Record>& page, qint16 index)
@@ -90,17 +92,15 @@ template <class Record> void frmMainSSF::UpdateRow(const Page<Record>& page, qin
     page.List->setList(index, (this->*page.RowText)(index));
 }
 
-bool frmMainSSF::ChooseFile(const QString& filter, const QString& prefix, TextBox* target)
+QString frmMainSSF::ChooseFile(const QString& filter, CommandButton& chooser, const QString& prefix,
+                               TextBox& target)
 {
-    CommonDialog1.FileName.clear();
-    CommonDialog1.Filter = filter;
-    CommonDialog1.ShowOpen();
-    if (CommonDialog1.FileName.isEmpty())
-        return false; // a cancel changes nothing
+    const QString file = CommonDialog1.PickFile(filter, chooser);
     // The directory picked in is dropped: the file is recorded as lying under the prefix.
-    // The box's Change carries the text into the selected record.
-    target->setText(prefix + mdlGeneral::GetFileName(CommonDialog1.FileName));
-    return true;
+    // The box's Change carries the text into the selected record; a cancel changes nothing.
+    if (!file.isEmpty())
+        target.setText(prefix + mdlGeneral::GetFileName(file));
+    return file;
 }
 
 // The three pages.

@@ -4,7 +4,6 @@
 #include "foundation/controls/CommandButton.h"
 #include "foundation/controls/ListBox.h"
 #include "foundation/controls/Menu.h"
-#include "foundation/controls/SuiteLinks.h"
 #include "foundation/controls/TextBox.h"
 #include "foundation/mdlGeneral.h"
 #include "stage/frmMainSSF.h"
@@ -59,23 +58,19 @@ void frmMainSSF::Command3_Click()
 {
     // A rig binding file is stored as "..\rez\" and its bare name. The first one picked
     // also sets the base directory of the run, where the binding manager looks for it.
-    if (!ChooseFile(QStringLiteral("Rig Binding Tool Files (*.rbt)|*.rbt"),
-                    QStringLiteral("..\\rez\\"), txtRBT))
-        return;
-    mdlGeneral::TakeCurrentDirFrom(CommonDialog1.FileName);
+    const QString file = ChooseFile(QStringLiteral("Rig Binding Tool Files (*.rbt)|*.rbt"),
+                                    *Command3, QStringLiteral("..\\rez\\"), *txtRBT);
+    if (!file.isEmpty())
+        mdlGeneral::TakeCurrentDirFrom(file);
 }
 
 void frmMainSSF::menEditRBT_Click()
 {
-    if (!m_links)
-        return;
     // Only the bare name goes across; the binding manager looks for it in the base
     // directory and comes up whether or not it opened.
     const int index = lstPuppets->ListIndex();
     const std::shared_ptr<clsPuppet> puppet =
         objSSF && index != -1 ? objSSF->Puppets(static_cast<qint16>(index)) : nullptr;
-    if (puppet)
-        m_links->EditRBT(mdlGeneral::GetFileName(puppet->RBT));
-    else
-        m_links->EditRBT(std::nullopt);
+    HandOver(Manager::RBT,
+             puppet ? std::optional(mdlGeneral::GetFileName(puppet->RBT)) : std::nullopt);
 }

@@ -47,8 +47,8 @@ void frmMainSSF::ShowSound(qint16 index)
 void frmMainSSF::Command2_Click()
 {
     // Unlike the puppet's chooser, this one leaves the base directory alone.
-    ChooseFile(QStringLiteral("WAV Files (*.wav)|*.wav"), QStringLiteral("..\\rez\\sounds\\"),
-               txtFileSound);
+    ChooseFile(QStringLiteral("WAV Files (*.wav)|*.wav"), *Command2,
+               QStringLiteral("..\\rez\\sounds\\"), *txtFileSound);
 }
 
 void frmMainSSF::chkType_Click()

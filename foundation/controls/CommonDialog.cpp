@@ -4,11 +4,48 @@
 #include "foundation/mdlGeneral.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QStringList>
+#include <QWidget>
 
 bool CommonDialog::ShowOpen() { return picked(m_service->ShowOpen(*this)); }
 
-bool CommonDialog::ShowSave() { return picked(m_service->ShowSave(*this)); }
+bool CommonDialog::ShowSave()
+{
+    // As a desktop's own dialog does: a No brings the dialog back.
+    for (;;) {
+        if (!m_service->ShowSave(*this))
+            return false;
+        if (mayReplace())
+            return picked(true);
+    }
+}
+
+bool CommonDialog::mayReplace() const
+{
+    const QFileInfo chosen(FileName);
+    if (!chosen.exists() || (!OwnFile.isEmpty() &&
+                             chosen.canonicalFilePath() == QFileInfo(OwnFile).canonicalFilePath()))
+        return true;
+    return m_service->AskYesNo(chosen.fileName() +
+                               QStringLiteral(" already exists.\nDo you want to replace it?"));
+}
+
+QString CommonDialog::PickFile(const QString& filter, QWidget& button)
+{
+    FileName.clear();
+    Filter = filter;
+    ShowOpen();
+    if (!FileName.isEmpty()) {
+        // The next control that takes the Tab key, as Tab would find it.
+        QWidget* next = button.nextInFocusChain();
+        while (next != &button &&
+               !(next->isEnabled() && next->isVisible() && (next->focusPolicy() & Qt::TabFocus)))
+            next = next->nextInFocusChain();
+        next->setFocus(Qt::TabFocusReason);
+    }
+    return FileName;
+}
 
 bool CommonDialog::picked(bool ok)
 {
@@ -22,6 +59,8 @@ bool CommonDialog::picked(bool ok)
 
 QString CommonDialog::Folder() const
 {
+    if (!OwnFile.isEmpty())
+        return mdlGeneral::GetDirectory(OwnFile);
     if (!m_service->m_lastFolder.isEmpty())
         return m_service->m_lastFolder;
     if (!mdlGeneral::strCurrentDir.isEmpty())

@@ -1,5 +1,6 @@
 #pragma once
-// The standard dialogs, `CommonDialog` (open and save), `MsgBox` and `InputBox`, behind one
+// The standard dialogs, `CommonDialog` (open and save), `MsgBox`, `InputBox` and the question
+// before a file is replaced, behind one
 // replaceable service. The program makes one service for the whole run and hands it to every
 // window by its constructor: the real one (QtDialogService); a test hands a scripted one.
 
@@ -22,6 +23,9 @@ public:
 
     // Modal; the text typed, or the empty string on Cancel.
     virtual QString InputBox(const QString& prompt, const QString& defaultText) = 0;
+
+    // Modal, Yes and No, No the default; True on Yes.
+    virtual bool AskYesNo(const QString& question) = 0;
 
 protected:
     DialogService() = default;

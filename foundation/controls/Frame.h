@@ -13,4 +13,10 @@ public:
 
     // `Enabled` write is QWidget::setEnabled, which reaches every child widget.
     bool Enabled() const { return isEnabled(); }
+
+    // A detail frame whose boxes show a record that is no longer under edit (after a delete,
+    // a New or an Open): the texts stay and the boxes stay enabled, but their text takes the
+    // palette's placeholder-text colour, so the author sees that typing there reaches no
+    // record. False brings the normal colour back.
+    void ShowOrphaned(bool orphaned);
 };

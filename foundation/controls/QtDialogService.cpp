@@ -78,3 +78,11 @@ QString QtDialogService::InputBox(const QString& prompt, const QString& defaultT
                               prompt, QLineEdit::Normal, defaultText, &ok);
     return ok ? answer : QString();
 }
+
+bool QtDialogService::AskYesNo(const QString& question)
+{
+    QMessageBox box(QMessageBox::Question, QCoreApplication::applicationName(), question,
+                    QMessageBox::Yes | QMessageBox::No, QApplication::activeWindow());
+    box.setDefaultButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
+}

@@ -1,6 +1,6 @@
 #pragma once
 // The real standard dialogs, shown modally over the active window: QFileDialog for
-// `CommonDialog`, QMessageBox for `MsgBox`, QInputDialog for `InputBox`.
+// `CommonDialog`, QMessageBox for `MsgBox` and the questions, QInputDialog for `InputBox`.
 
 #include "foundation/controls/DialogService.h"
 
@@ -9,9 +9,10 @@ public:
     // Open: a name that does not exist may be typed; the open command then shows its own
     // message.
     bool ShowOpen(CommonDialog& dialog) override;
-    // Save: an existing file is overwritten without a question.
+    // Save: the dialog asks nothing itself; CommonDialog asks before another file is replaced.
     bool ShowSave(CommonDialog& dialog) override;
     // Title: the application's name (QCoreApplication::applicationName).
     void MsgBox(const QString& text) override;
     QString InputBox(const QString& prompt, const QString& defaultText) override;
+    bool AskYesNo(const QString& question) override;
 };

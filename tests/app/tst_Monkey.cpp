@@ -71,6 +71,7 @@ struct MonkeyDialogs : DialogService {
     }
     void MsgBox(const QString&) override {}
     QString InputBox(const QString&, const QString&) override { return piece(rng); }
+    bool AskYesNo(const QString&) override { return rng.bounded(2); }
     QRandomGenerator& rng;
     const QString folder;
 };

@@ -172,7 +172,8 @@ private slots:
             << u"Open"_s << u"nan.rbt"_s << QByteArray(bad).replace('%', "one")
             << changed.arg(u"%1"_s, u"nan.rbt"_s, u"The animation Id \"one\" is not a number."_s);
         QTest::newRow("save into a missing directory")
-            << u"Save"_s << u"none/a.rbt"_s << QByteArray() << u"Cannot save RBT file"_s;
+            << u"Save"_s << u"none/a.rbt"_s << QByteArray()
+            << u"Cannot save RBT file\n%1none/a.rbt: its folder does not exist"_s;
     }
 
     void failuresKeepTheShownDocument()

@@ -125,7 +125,8 @@ private slots:
         QTest::newRow("save cancelled") << u"menSaveTSL"_s << QString() << QString();
         // No room beside a name of 250 characters for the temporary file a save writes first.
         QTest::newRow("save over a file that cannot be replaced")
-            << u"menSaveTSL"_s << QString(246, u'n') + u".tsl"_s << u"Cannot save TSL file"_s;
+            << u"menSaveTSL"_s << QString(246, u'n') + u".tsl"_s
+            << u"Cannot save TSL file\n%1: no file can be made in its folder"_s;
     }
 
     void failuresLoseNothing()
@@ -141,9 +142,16 @@ private slots:
         m_ui->type(u"txtTitle"_s, u" edited"_s);
         const clsTSL* document = m_window->Document();
         const QStringList rowsBefore = rows();
-        choose(control, file);
+        if (files.contains(file) && control == u"menSaveTSL"_s) {
+            m_dialogs.answerFile(m_base + file);
+            m_dialogs.answerQuestion(true); // another file stands there: replace it
+            m_ui->trigger(control);
+        } else {
+            choose(control, file);
+        }
         if (message == u"open"_s)
             message = u"Cannot open the TSL file "_s + m_base + file;
+        message.replace(u"%1"_s, m_base + file);
         QCOMPARE(m_dialogs.messages(), message.isEmpty() ? QStringList() : QStringList{message});
         QCOMPARE(m_window->Document(), document);
         QCOMPARE(document->Title, u"Two edited"_s);

@@ -116,7 +116,9 @@ void tst_frmMainSSF::anAuthoringSession()
         R"(<camera id="0" name="front" position="0.0,0.0,0.0" orientation="0.0,0.0,0.0"/>)"
         R"(<camera id="1" name="back" position="0.0,0.01,0.0" orientation="0.0,0.0,0.0"/></scene>)"_ba);
     choose(u"menSaveSSF"_s, path(u"missing/other.ssf"_s));
-    QCOMPARE(dialogs->messages(), QStringList{u"Cannot save SSF file"_s});
+    QCOMPARE(dialogs->messages(),
+             QStringList{u"Cannot save SSF file\n"_s + path(u"missing/other.ssf"_s) +
+                         u": its folder does not exist"_s});
     QCOMPARE(window->CurrentFile(), u"scene.ssf"_s);
 
     // Open it again after a New: the same rows, the dialog line's file by its stem.

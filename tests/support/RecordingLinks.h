@@ -8,9 +8,15 @@
 
 struct RecordingLinks : SuiteLinks {
     QStringList calls;
-    void ShowRBTManager() override { calls << QStringLiteral("RBT"); }
-    void ShowSSFManager() override { calls << QStringLiteral("SSF"); }
-    void ShowTSLManager() override { calls << QStringLiteral("TSL"); }
-    void EditRBT(const std::optional<QString>& f) override { calls << "rbt " + f.value_or("-"); }
-    void EditSSF(const std::optional<QString>& f) override { calls << "ssf " + f.value_or("-"); }
+    static QString Name(Manager m)
+    {
+        return m == Manager::RBT   ? QStringLiteral("RBT")
+               : m == Manager::SSF ? QStringLiteral("SSF")
+                                   : QStringLiteral("TSL");
+    }
+    void ShowManager(Manager m) override { calls << Name(m); }
+    void HandOver(Manager m, const std::optional<QString>& f) override
+    {
+        calls << Name(m).toLower() + u' ' + f.value_or(QStringLiteral("-"));
+    }
 };

@@ -13,10 +13,11 @@
 
 class ScriptedDialogService : public DialogService {
 public:
-    enum class Kind { Open, Save, Input };
+    enum class Kind { Open, Save, Input, Question };
 
     // A dialog as the window showed it: for a file dialog `Filter`, the `FileName` preset,
-    // `DefaultExt` and the folder it opened in; for an InputBox the prompt and the default.
+    // `DefaultExt` and the folder it opened in; for an InputBox the prompt and the default;
+    // for a question its text as the prompt.
     struct Shown {
         Kind kind;
         QString Filter, FileName, DefaultExt, prompt, defaultText, Folder;
@@ -24,6 +25,10 @@ public:
 
     // The next file dialog ends with OK and this `FileName` (a full path, as Qt gives).
     void answerFile(const QString& fileName) { m_answers.append({false, false, fileName}); }
+    // The next file dialog ends with OK on what it proposed: its `FileName` in its folder.
+    void answerProposal() { m_answers.append({false, false, {}, true}); }
+    // The next question is answered Yes or No.
+    void answerQuestion(bool yes) { m_answers.append({!yes, true, QStringLiteral("question")}); }
     // The next dialog, a file dialog or an InputBox, ends with Cancel.
     void answerCancel() { m_answers.append({true, false, {}}); }
     // The next InputBox ends with OK and this text.
@@ -49,12 +54,18 @@ public:
         m_shown.append({Kind::Input, {}, {}, {}, prompt, defaultText, {}});
         return take(true).text;
     }
+    bool AskYesNo(const QString& question) override
+    {
+        m_shown.append({Kind::Question, {}, {}, {}, question, {}, {}});
+        return !take(true).cancel;
+    }
 
 private:
     struct Answer {
         bool cancel;
-        bool input; // typed text for an InputBox, else a file
+        bool input; // typed text for an InputBox or a question, else a file
         QString text;
+        bool proposal = false; // the file the dialog proposed
     };
 
     bool showFile(Kind kind, CommonDialog& dialog)
@@ -63,7 +74,7 @@ private:
             {kind, dialog.Filter, dialog.FileName, dialog.DefaultExt, {}, {}, dialog.Folder()});
         const Answer answer = take(false);
         if (!answer.cancel)
-            dialog.FileName = answer.text;
+            dialog.FileName = answer.proposal ? dialog.Folder() + dialog.FileName : answer.text;
         return !answer.cancel;
     }
     // The next answer when it fits; otherwise the test fails and it reads as a cancel.

@@ -1,6 +1,6 @@
 #pragma once
-// One offered animation of a rig binding document, a plain record of text fields
-// and no operations. Every field starts empty.
+// One offered animation of a rig binding: a plain record of text fields, with no
+// operations. Every field starts empty.
 
 #include <QString>
 

@@ -1,6 +1,6 @@
 #pragma once
-// One joint of a rig binding document, a plain record of text fields and no
-// operations. Every field starts empty: no default limit or vector lives in the record.
+// One joint of a rig binding: a plain record of text fields, with no operations. Every
+// field starts empty: no default limit or vector lives in the record.
 
 #include <QString>
 

@@ -1,5 +1,5 @@
-// The rig binding document's operations on its two record lists; RecordList holds the steps.
-// Load and Save live in clsRBT_format.cpp.
+// The rig binding's operations on its two record lists; RecordList holds the steps. Its `.rbt`
+// file is read and written in clsRBT_format.cpp.
 
 #include "rig/clsRBT.h"
 

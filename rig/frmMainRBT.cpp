@@ -32,11 +32,7 @@ QString ModelMessage(const QString& strModelFile)
 } // namespace
 
 frmMainRBT::frmMainRBT(DialogService& dialogs, SuiteLinks* links, QWidget* parent)
-    : ManagerFrame(QStringLiteral("frmMainRBT"), QStringLiteral("Rig Binding Table Manager"),
-                   {Manager::RBT, QStringLiteral("RBT"), QStringLiteral("Rig Binding Table"),
-                    QStringLiteral("Rig Binding Tool Files (*.rbt)|*.rbt"), QStringLiteral(".rbt"),
-                    QStringLiteral("menSep1"), QStringLiteral("&Exit")},
-                   dialogs, links, parent)
+    : ManagerFrame(Manager::RBT, dialogs, links, parent)
 {
     // A fixed border: no maximise button and no resizing.
     setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |

@@ -40,10 +40,8 @@ public:
     // also when its model could not be scanned.
     bool OpenRBT(const QString& strFileName);
 
-    // The open document, nullptr until the first New or Open; the bare name of its file,
-    // empty for a document that was never saved.
+    // The open document as it stands, saved or not; nullptr until the first New or Open.
     const clsRBT* Document() const { return objRBT.get(); }
-    const QString& CurrentFile() const { return strRBTFile; }
 
 private:
     // --- layout (frmMainRBT_layout.cpp) ---

@@ -1,5 +1,6 @@
 #pragma once
-// One scene of a show listing; a plain record of public text fields.
+// One scene of a show listing: a plain record of text fields, with no operations. Every
+// field starts empty.
 
 #include <QString>
 

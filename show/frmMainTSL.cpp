@@ -44,11 +44,7 @@ void layOutFieldRows(Frame* frame, QLabel* label1, TextBox* box1, QLabel* label2
 } // namespace
 
 frmMainTSL::frmMainTSL(DialogService& dialogs, SuiteLinks* links, QWidget* parent)
-    : ManagerFrame(QStringLiteral("frmMainTSL"), QStringLiteral("Troupe Show Listing Manager"),
-                   {Manager::TSL, QStringLiteral("TSL"), QStringLiteral("Troupe Show Listing"),
-                    QStringLiteral("Troupe Show Listing Files (*.tsl)|*.tsl"),
-                    QStringLiteral(".tsl"), QStringLiteral("menSep04"), QStringLiteral("&Exit")},
-                   dialogs, links, parent)
+    : ManagerFrame(Manager::TSL, dialogs, links, parent)
 {
     createControls();
     createMenus();
@@ -57,8 +53,6 @@ frmMainTSL::frmMainTSL(DialogService& dialogs, SuiteLinks* links, QWidget* paren
                  {Manager::RBT, QStringLiteral("RBT Manager")}},
                 QSize(720, 540));
 }
-
-frmMainTSL::~frmMainTSL() = default;
 
 void frmMainTSL::createControls()
 {

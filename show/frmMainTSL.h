@@ -23,17 +23,14 @@ public:
     // keeps both references.
     explicit frmMainTSL(DialogService& dialogs, SuiteLinks* links = nullptr,
                         QWidget* parent = nullptr);
-    ~frmMainTSL() override;
 
     // Opens the file of that bare name in `strCurrentDir` as the window's document; True when
     // it opened. A failure shows the open message and leaves the window as it was. The
     // window is not shown.
     bool OpenTSL(const QString& strFileName);
 
-    // The open document, nullptr until the first New or open; the bare name of its file,
-    // empty for a document without one. For the suite's links and for tests.
+    // The open document as it stands, saved or not; nullptr until the first New or Open.
     const clsTSL* Document() const { return objTSL.get(); }
-    const QString& CurrentFile() const { return strCurrentFile; }
 
 private:
     // --- layout (frmMainTSL.cpp) ---

@@ -1,5 +1,6 @@
 #pragma once
-// One camera of a stage scene; a plain record of public text fields.
+// One camera of a stage scene: a plain record of text fields, with no operations. A new
+// camera stands at the origin, unturned.
 
 #include <QString>
 

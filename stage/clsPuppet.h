@@ -1,5 +1,6 @@
 #pragma once
-// One puppet of a stage scene; a plain record of public text fields.
+// One puppet of a stage scene: a plain record of text fields, with no operations. A new
+// puppet stands at the origin, unscaled and unturned.
 
 #include <QString>
 

@@ -1,4 +1,5 @@
-// The stage scene document's three lists are alike; RecordList holds their steps once.
+// The stage scene's operations on its three record lists; RecordList holds the steps. Its
+// `.ssf` file is read and written in clsSSF_format.cpp.
 
 #include "stage/clsSSF.h"
 

@@ -1,5 +1,6 @@
 #pragma once
-// One sound or dialog line of a stage scene; a plain record of public text fields.
+// One sound or dialog line of a stage scene: a plain record of text fields, with no
+// operations. A new one is a sound.
 
 #include <QString>
 

@@ -31,17 +31,14 @@ public:
     // the Tools entries and the hand-over do nothing). The window keeps both references.
     explicit frmMainSSF(DialogService& dialogs, SuiteLinks* links = nullptr,
                         QWidget* parent = nullptr);
-    ~frmMainSSF() override;
 
     // Opens the file of that bare name in `strCurrentDir` as the window's document. On
     // failure it shows its own message and keeps the document it had. Never shows the
     // window. True when the file was opened.
     bool OpenSSF(const QString& strFileName);
 
-    // The open document, nullptr until the first New or open; the bare name of its file,
-    // empty for a document that has never been saved.
+    // The open document as it stands, saved or not; nullptr until the first New or Open.
     const clsSSF* Document() const { return objSSF.get(); }
-    const QString& CurrentFile() const { return strCurrentFile; }
 
 private:
     // What one page of the tab control is made of: its controls and the document

@@ -126,11 +126,7 @@ Frame* tripleFrame(const char* name, const char* caption, const QString& firstTe
 } // namespace
 
 frmMainSSF::frmMainSSF(DialogService& dialogs, SuiteLinks* links, QWidget* parent)
-    : ManagerFrame(QStringLiteral("frmMainSSF"), QStringLiteral("Stage Scene File Manager"),
-                   {Manager::SSF, QStringLiteral("SSF"), QStringLiteral("Stage Scene File"),
-                    QStringLiteral("Stage Scene Files (*.ssf)|*.ssf"), QStringLiteral(".ssf"),
-                    QStringLiteral("menSep01"), QStringLiteral("Exit")},
-                   dialogs, links, parent)
+    : ManagerFrame(Manager::SSF, dialogs, links, parent)
 {
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
     createControls();
@@ -141,8 +137,6 @@ frmMainSSF::frmMainSSF(DialogService& dialogs, SuiteLinks* links, QWidget* paren
     FinishSetUp({{Manager::RBT, QStringLiteral("RBT Manager")},
                  {Manager::TSL, QStringLiteral("TSL Manager")}});
 }
-
-frmMainSSF::~frmMainSSF() = default;
 
 void frmMainSSF::createControls()
 {

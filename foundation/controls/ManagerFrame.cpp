@@ -11,28 +11,47 @@
 
 #include <algorithm>
 
-namespace {
+using namespace Qt::StringLiterals;
 
-const QString ManagerAbbreviations[] = {QStringLiteral("RBT"), QStringLiteral("SSF"),
-                                        QStringLiteral("TSL")};
+// A manager's family of files and the words its window, menus and messages use for it.
+struct ManagerFrame::Family {
+    QString Window;        // "frmMainTSL"
+    QString Caption;       // the designed caption, "Troupe Show Listing Manager"
+    QString Abbreviation;  // "TSL": `menNewTSL`, "Cannot open the TSL file "
+    QString Name;          // "Troupe Show Listing": "&New Troupe Show Listing"
+    QString Filter;        // "Troupe Show Listing Files (*.tsl)|*.tsl"
+    QString DefaultExt;    // ".tsl"
+    QString FileSeparator; // the name of the separator above Exit, "menSep04"
+    QString ExitCaption;   // "&Exit"
+};
 
-} // namespace
-
-ManagerFrame::ManagerFrame(const QString& name, const QString& caption, Family family,
-                           DialogService& dialogs, SuiteLinks* links, QWidget* parent)
-    : QMainWindow(parent), m_dialogs(dialogs), CommonDialog1(dialogs), strBaseCaption(caption),
-      m_family(std::move(family)), m_links(links)
+const ManagerFrame::Family& ManagerFrame::family() const
 {
-    setObjectName(name);
-    setWindowTitle(caption);
+    // By Manager: RBT, SSF, TSL.
+    static const Family families[] = {
+        {u"frmMainRBT"_s, u"Rig Binding Table Manager"_s, u"RBT"_s, u"Rig Binding Table"_s,
+         u"Rig Binding Tool Files (*.rbt)|*.rbt"_s, u".rbt"_s, u"menSep1"_s, u"&Exit"_s},
+        {u"frmMainSSF"_s, u"Stage Scene File Manager"_s, u"SSF"_s, u"Stage Scene File"_s,
+         u"Stage Scene Files (*.ssf)|*.ssf"_s, u".ssf"_s, u"menSep01"_s, u"Exit"_s},
+        {u"frmMainTSL"_s, u"Troupe Show Listing Manager"_s, u"TSL"_s, u"Troupe Show Listing"_s,
+         u"Troupe Show Listing Files (*.tsl)|*.tsl"_s, u".tsl"_s, u"menSep04"_s, u"&Exit"_s}};
+    return families[int(m_kind)];
+}
+
+ManagerFrame::ManagerFrame(Manager kind, DialogService& dialogs, SuiteLinks* links, QWidget* parent)
+    : QMainWindow(parent), m_dialogs(dialogs), CommonDialog1(dialogs), m_kind(kind), m_links(links)
+{
+    strBaseCaption = family().Caption;
+    setObjectName(family().Window);
+    setWindowTitle(strBaseCaption);
     QMenu* menFile = Menu::AddMenu(menuBar(), QStringLiteral("menFile"), QStringLiteral("File"));
     m_newEntry = addFileEntry(menFile, QStringLiteral("New"));
     m_openEntry = addFileEntry(menFile, QStringLiteral("Open"));
     m_saveEntry = addFileEntry(menFile, QStringLiteral("Save"));
-    Menu::AddSeparator(menFile, m_family.FileSeparator);
-    // `End`: the run ends at once, with no prompt and no save; main returns from the event
+    Menu::AddSeparator(menFile, family().FileSeparator);
+    // Exit ends the run at once, with no prompt and no save; main returns from the event
     // loop and the process ends.
-    connect(Menu::AddEntry(menFile, QStringLiteral("menExit"), m_family.ExitCaption), &Menu::Click,
+    connect(Menu::AddEntry(menFile, QStringLiteral("menExit"), family().ExitCaption), &Menu::Click,
             this, [] { QCoreApplication::exit(0); });
 }
 
@@ -40,8 +59,8 @@ ManagerFrame::~ManagerFrame() = default;
 
 Menu* ManagerFrame::addFileEntry(QMenu* menu, const QString& verb)
 {
-    return Menu::AddEntry(menu, QStringLiteral("men") + verb + m_family.Abbreviation,
-                          u'&' + verb + u' ' + m_family.Name);
+    return Menu::AddEntry(menu, QStringLiteral("men") + verb + family().Abbreviation,
+                          u'&' + verb + u' ' + family().Name);
 }
 
 void ManagerFrame::FinishSetUp(std::initializer_list<ManagerEntry> managers, QSize designedSize)
@@ -49,9 +68,9 @@ void ManagerFrame::FinishSetUp(std::initializer_list<ManagerEntry> managers, QSi
     QMenu* menTools = Menu::AddMenu(menuBar(), QStringLiteral("menTools"), QStringLiteral("Tools"));
     for (const ManagerEntry& entry : managers) {
         // The entry that shows the stage scene manager is `menSFFEditor`.
-        const QString abbreviation = entry.Shows == Manager::SSF
-                                         ? QStringLiteral("SFF")
-                                         : ManagerAbbreviations[int(entry.Shows)];
+        const QString abbreviation = entry.Shows == Manager::SSF   ? u"SFF"_s
+                                     : entry.Shows == Manager::RBT ? u"RBT"_s
+                                                                   : u"TSL"_s;
         Menu* shows = Menu::AddEntry(menTools, QStringLiteral("men%1Editor").arg(abbreviation),
                                      entry.Caption);
         connect(shows, &Menu::Click, this, [this, manager = entry.Shows] {
@@ -65,7 +84,7 @@ void ManagerFrame::FinishSetUp(std::initializer_list<ManagerEntry> managers, QSi
 std::optional<QString> ManagerFrame::ChooseDocument()
 {
     CommonDialog1.FileName.clear();
-    CommonDialog1.Filter = m_family.Filter;
+    CommonDialog1.Filter = family().Filter;
     CommonDialog1.ShowOpen();
     // A cancel leaves the FileName just emptied.
     if (CommonDialog1.FileName.isEmpty())
@@ -78,7 +97,7 @@ std::optional<QString> ManagerFrame::ChooseDocument()
 
 void ManagerFrame::ReportOpenFailure(const QString& strFileName)
 {
-    m_dialogs.MsgBox(QStringLiteral("Cannot open the %1 file ").arg(m_family.Abbreviation) +
+    m_dialogs.MsgBox(QStringLiteral("Cannot open the %1 file ").arg(family().Abbreviation) +
                      mdlGeneral::strCurrentDir + strFileName);
 }
 
@@ -103,8 +122,8 @@ void ManagerFrame::SaveDocument(QString& currentFile,
     const QString ownName = mdlGeneral::GetFileName(m_documentPath);
     if (!m_documentPath.isEmpty() && ownName.compare(currentFile, Qt::CaseInsensitive) == 0)
         CommonDialog1.FileName = ownName;
-    CommonDialog1.Filter = m_family.Filter;
-    CommonDialog1.DefaultExt = m_family.DefaultExt;
+    CommonDialog1.Filter = family().Filter;
+    CommonDialog1.DefaultExt = family().DefaultExt;
     CommonDialog1.OwnFile = m_documentPath;
     const bool chosen = CommonDialog1.ShowSave();
     CommonDialog1.DefaultExt.clear();
@@ -114,7 +133,7 @@ void ManagerFrame::SaveDocument(QString& currentFile,
     QString why;
     if (!save(CommonDialog1.FileName, &why)) {
         // The caption and the document's file stay: the next save proposes it again.
-        QString message = QStringLiteral("Cannot save %1 file").arg(m_family.Abbreviation);
+        QString message = QStringLiteral("Cannot save %1 file").arg(family().Abbreviation);
         if (!why.isEmpty())
             message += u'\n' + why;
         m_dialogs.MsgBox(message);

@@ -28,16 +28,6 @@ class ManagerFrame : public QMainWindow {
     Q_OBJECT
 
 public:
-    // A manager's family of files and the words its menus and messages use for it.
-    struct Family {
-        Manager Kind;
-        QString Abbreviation;  // "TSL": `menNewTSL`, "Cannot open the TSL file "
-        QString Name;          // "Troupe Show Listing": "&New Troupe Show Listing"
-        QString Filter;        // "Troupe Show Listing Files (*.tsl)|*.tsl"
-        QString DefaultExt;    // ".tsl"
-        QString FileSeparator; // the name of the separator above Exit, "menSep04"
-        QString ExitCaption;   // "&Exit"
-    };
     // An entry of the Tools menu that shows another manager.
     struct ManagerEntry {
         Manager Shows;
@@ -46,17 +36,16 @@ public:
 
     ~ManagerFrame() override;
 
-    Manager Kind() const { return m_family.Kind; }
+    Manager Kind() const { return m_kind; }
     // The full path of the document's own file: where it was opened from or last saved to.
     // Empty for a new document, and before the first.
     const QString& DocumentPath() const { return m_documentPath; }
 
 protected:
-    // The window `name` with its designed caption; the File menu is made here, first in the
-    // menu bar. The dialogs and the suite are kept by reference; without links the Tools
-    // entries and hand-overs do nothing.
-    ManagerFrame(const QString& name, const QString& caption, Family family, DialogService& dialogs,
-                 SuiteLinks* links, QWidget* parent);
+    // The manager of a family of files, with its name and designed caption; the File menu is
+    // made here, first in the menu bar. The dialogs and the suite are kept by reference;
+    // without links the Tools entries and hand-overs do nothing.
+    ManagerFrame(Manager kind, DialogService& dialogs, SuiteLinks* links, QWidget* parent);
 
     // Ends the set-up once the window's own controls and menus are made: the Tools menu
     // last in the menu bar, the designed size (by default the size the layout asks for) as
@@ -109,7 +98,10 @@ protected:
 private:
     Menu* addFileEntry(QMenu* menu, const QString& verb);
 
-    Family m_family;
+    struct Family;
+    const Family& family() const;
+
+    Manager m_kind;
     SuiteLinks* m_links;
     QString m_documentPath;
     Menu* m_newEntry = nullptr;

@@ -31,7 +31,8 @@ template <class Window> Window* shown() // the one manager of its kind, when it 
 template <class Window> QString state()
 {
     const Window* window = shown<Window>();
-    return !window ? u"none"_s : window->CurrentFile().isEmpty() ? u"-"_s : window->CurrentFile();
+    const QString file = window ? mdlGeneral::GetFileName(window->DocumentPath()) : u"none"_s;
+    return file.isEmpty() ? u"-"_s : file;
 }
 
 } // namespace

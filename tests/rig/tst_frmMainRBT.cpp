@@ -67,7 +67,8 @@ private slots:
             dialog.type(u"txtRBTName"_s, u"Thing"_s);
             dialog.pressKey(u"txtRBTName"_s, Qt::Key_Return);
             dialog.click(u"Command1"_s);
-            dialog.pressKey(u"txtRBTName"_s, Qt::Key_Return);
+            // The focus has moved on from "...", so Enter goes on to OK.
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         });
         ui.trigger(u"menNewRBT"_s);
         QCOMPARE(dialogs.messages(), QStringList({u"Please enter the name of the RBT"_s,
@@ -209,6 +210,29 @@ private slots:
         QCOMPARE(m_window->Document() != shown, made);
         QCOMPARE(rows("lstNodes").size(), made ? 0 : 3);
         QCOMPARE(rows("lstAnimations"), made ? QStringList() : QStringList(u"Idle (base_anim)"_s));
+    }
+
+    // A node name read from a model may hold a character no file can carry: the save writes
+    // nothing and its message names the joint and the field.
+    void aSaveThatCannotCarryANodeNameSaysWhere()
+    {
+        m_files.write(u"odd.lta"_s, "(on-load-cmds (anim-bindings (anim-binding (name \"idle\")))"
+                                    " (set-node-flags (\"hi\x01ps\" 0)))");
+        answerNewBinding([this](WindowDriver& ui) {
+            ui.textBox(u"txtRBTName"_s)->setText(u"Odd"_s);
+            ui.textBox(u"txtModel"_s)->setText(path(u"odd.lta"_s));
+            ui.pressKey(u"txtModel"_s, Qt::Key_Return);
+        });
+        m_ui->trigger(u"menNewRBT"_s);
+        m_ui->pickRow(u"lstNodes"_s, 0);
+        m_ui->click(u"chkRotate"_s);
+        m_dialogs->answerInput(u"Hips"_s);
+        m_ui->click(u"Command1"_s);
+        m_ui->chooseFile(*m_dialogs, u"menSaveRBT"_s, path(u"odd.rbt"_s));
+        QCOMPARE(m_dialogs->messages(),
+                 QStringList(u"Cannot save RBT file\njoint 0: its \"node\" holds the character "
+                             "U+0001, which a file cannot carry"_s));
+        QVERIFY(!QFile::exists(path(u"odd.rbt"_s)));
     }
 
     void addCommandsStopWhereTheFileIsFull()

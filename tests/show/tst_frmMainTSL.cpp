@@ -81,9 +81,12 @@ private slots:
         m_ui->trigger(u"menEditSSF"_s);
         clickList(1);
         m_ui->pressKey(u"lstScenes"_s, Qt::Key_Delete);
+        QVERIFY(m_ui->showsOrphaned(u"txtName"_s)); // the deleted scene's name, no record's
         for (const QString& entry : {u"menEditSSF"_s, u"menSFFEditor"_s, u"menRBTEditor"_s})
             m_ui->trigger(entry);
         QCOMPARE(m_links.calls, (QStringList{u"ssf act1.ssf"_s, u"ssf -"_s, u"SSF"_s, u"RBT"_s}));
+        clickList(0);
+        QVERIFY(!m_ui->showsOrphaned(u"txtName"_s));
 
         // F10, or Alt pressed and released alone, opens the first menu.
         for (const Qt::Key key : {Qt::Key_F10, Qt::Key_Alt}) {

@@ -119,13 +119,20 @@ void tst_frmMainSSF::anAuthoringSession()
     QCOMPARE(dialogs->messages(),
              QStringList{u"Cannot save SSF file\n"_s + path(u"missing/other.ssf"_s) +
                          u": its folder does not exist"_s});
-    QCOMPARE(window->CurrentFile(), u"scene.ssf"_s);
+    QCOMPARE(window->DocumentPath(), path(u"scene.ssf"_s));
 
-    // Open it again after a New: the same rows, the dialog line's file by its stem.
+    // Open it again after a New: the same rows, the dialog line's file by its stem. The
+    // boxes of the last puppet shown belong to no record until a row is picked.
     const QStringList puppets = ui->rows(u"lstPuppets"_s), cameras = ui->rows(u"lstCameras"_s);
+    showPage(0);
+    ui->pickRow(u"lstPuppets"_s, 1);
+    QVERIFY(!ui->showsOrphaned(u"txtPosX"_s));
     ui->trigger(u"menNewSSF"_s);
     QCOMPARE(ui->rows(u"lstPuppets"_s), QStringList());
     choose(u"menOpenSSF"_s, path(u"scene.ssf"_s));
+    QVERIFY(ui->showsOrphaned(u"txtPosX"_s));
+    ui->pickRow(u"lstPuppets"_s, 0);
+    QVERIFY(!ui->showsOrphaned(u"txtPosX"_s));
     QCOMPARE(ui->rows(u"lstPuppets"_s), puppets);
     QCOMPARE(ui->rows(u"lstCameras"_s), cameras);
     QCOMPARE(ui->rows(u"lstSounds"_s)[1].mid(27, 38).trimmed(), u"..\\rez\\sounds\\hello.wav"_s);
@@ -152,7 +159,7 @@ void tst_frmMainSSF::aBadFileShowsTheOpenMessageAndKeepsTheShownScene()
         QCOMPARE(dialogs->messages().last(), u"Cannot open the SSF file "_s + bad);
         QCOMPARE(window->Document(), shown);
         QCOMPARE(ui->rows(u"lstCameras"_s), cameras);
-        QCOMPARE(window->CurrentFile(), u"good.ssf"_s);
+        QCOMPARE(mdlGeneral::GetFileName(window->DocumentPath()), u"good.ssf"_s);
     }
     QCOMPARE(ui->comboBox(u"txtMainCamera"_s)->currentText(), u"letter"_s);
     ui->pickComboRow(u"txtMainCamera"_s, 0);          // editing goes on in the shown scene

@@ -70,6 +70,12 @@ QStringList WindowDriver::rows(const QString& name) const
     return texts;
 }
 
+bool WindowDriver::showsOrphaned(const QString& name) const
+{
+    const QPalette palette = textBox(name)->palette();
+    return palette.color(QPalette::Text) == palette.color(QPalette::PlaceholderText);
+}
+
 void WindowDriver::chooseFile(ScriptedDialogService& dialogs, const QString& name,
                               const QString& file)
 {

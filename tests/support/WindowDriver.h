@@ -46,6 +46,8 @@ public:
     // Opens the list of a combo box, moves to row `row` and takes it with Enter.
     void pickComboRow(const QString& name, int row);
     QStringList rows(const QString& name) const;
+    // True when the text box shows its text in the placeholder colour: it belongs to no record.
+    bool showsOrphaned(const QString& name) const;
     // Chooses the menu entry ("men...") or clicks the button `name`, with the file dialog it
     // shows answered by `file`, or cancelled when `file` is empty.
     void chooseFile(ScriptedDialogService& dialogs, const QString& name, const QString& file);

@@ -12,6 +12,7 @@
 
 #include <QClipboard>
 #include <QDialog>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QVBoxLayout>
 #include <QtTest>
@@ -87,6 +88,28 @@ private slots:
         m_list->setListIndex(0); // also for the row already selected
         m_list->setListIndex(-1);
         QCOMPARE(click.count(), 4);
+    }
+
+    void listBoxScrollsToTheEndOfItsWidestRow()
+    {
+        // How wide a text the horizontal scroll range lets the user see.
+        const auto reach = [&] {
+            return m_list->horizontalScrollBar()->maximum() + m_list->viewport()->width();
+        };
+        const auto width = [&](int n) {
+            return m_list->fontMetrics().horizontalAdvance(QString(n, u'w'));
+        };
+        for (const QString& row : {u"zero"_s, u"one"_s, u"two"_s})
+            m_list->AddItem(row);
+        m_list->setList(1, QString(200, u'w'));
+        QTRY_VERIFY(reach() >= width(200));
+        m_list->AddItem(QString(300, u'w')); // Qt would measure the last row alone
+        m_list->AddItem(u"three"_s);
+        QTRY_VERIFY(reach() >= width(300));
+        m_list->RemoveItem(3);
+        QTRY_VERIFY(reach() >= width(200) && reach() < width(300));
+        m_list->setList(1, u"one"_s);
+        QTRY_COMPARE(m_list->horizontalScrollBar()->maximum(), 0);
     }
 
     void comboAndOptionButtonsChangeByAPickOrByCodeAlone()

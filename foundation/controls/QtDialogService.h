@@ -13,5 +13,6 @@ public:
     bool ShowSave(CommonDialog& dialog) override;
     // Title: the application's name (QCoreApplication::applicationName).
     void MsgBox(const QString& text) override;
+    // The box drops control characters but tab, so the answer holds none.
     QString InputBox(const QString& prompt, const QString& defaultText) override;
 };

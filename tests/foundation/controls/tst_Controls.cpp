@@ -5,6 +5,7 @@
 #include "foundation/controls/CommonDialog.h"
 #include "foundation/controls/ListBox.h"
 #include "foundation/controls/OptionButton.h"
+#include "foundation/controls/QtDialogService.h"
 #include "foundation/controls/TextBox.h"
 #include "foundation/mdlGeneral.h"
 #include "tests/support/ScriptedDialogService.h"
@@ -110,6 +111,19 @@ private slots:
         QTRY_VERIFY(reach() >= width(200) && reach() < width(300));
         m_list->setList(1, u"one"_s);
         QTRY_COMPARE(m_list->horizontalScrollBar()->maximum(), 0);
+    }
+
+    void inputBoxDropsControlCharactersTypedOrPasted()
+    {
+        QTimer::singleShot(0, [] {
+            auto* edit = QApplication::activeModalWidget()->findChild<QLineEdit*>();
+            QGuiApplication::clipboard()->setText(u"1\n2\t3\r\u0001"_s);
+            QTest::keyClick(edit, Qt::Key_End);
+            QTest::keyClick(edit, Qt::Key_V, Qt::ControlModifier);
+            QTest::keyClicks(edit, u"|"_s);
+            QTest::keyClick(edit, Qt::Key_Return);
+        });
+        QCOMPARE(QtDialogService().InputBox(u"Name of the joint"_s, u"a\fb"_s), u"ab12\t3|"_s);
     }
 
     void comboAndOptionButtonsChangeByAPickOrByCodeAlone()

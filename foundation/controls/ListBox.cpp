@@ -2,6 +2,7 @@
 
 #include <QFontMetricsF>
 #include <QKeyEvent>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 #include <QtMath>
@@ -143,6 +144,14 @@ void ListBox::changeEvent(QEvent* event)
     if (event->type() == QEvent::FontChange)
         measureAllRows();
     QListWidget::changeEvent(event);
+}
+
+void ListBox::updateGeometries()
+{
+    QListWidget::updateGeometries();
+    // QListView steps sideways by the width of a row, which here is the widest: one click on
+    // an arrow would jump from the start of a long row to its end.
+    horizontalScrollBar()->setSingleStep(4 * fontMetrics().averageCharWidth());
 }
 
 // --- rows and selection ---

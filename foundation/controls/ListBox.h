@@ -70,6 +70,7 @@ protected:
     void rowsInserted(const QModelIndex& parent, int start, int end) override;
     void rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) override;
     void changeEvent(QEvent* event) override;
+    void updateGeometries() override;
 
 private:
     class WidestRowDelegate;

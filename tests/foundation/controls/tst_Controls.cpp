@@ -104,6 +104,7 @@ private slots:
             m_list->AddItem(row);
         m_list->setList(1, QString(200, u'w'));
         QTRY_VERIFY(reach() >= width(200));
+        QVERIFY(m_list->horizontalScrollBar()->singleStep() < width(10)); // an arrow click
         m_list->AddItem(QString(300, u'w')); // Qt would measure the last row alone
         m_list->AddItem(u"three"_s);
         QTRY_VERIFY(reach() >= width(300));

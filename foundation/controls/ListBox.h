@@ -8,8 +8,14 @@
 // written: the user can move the selection but not take it away (a click on the blank part
 // or a Ctrl+click on the selected row keeps it). The windows show the selected record in
 // text boxes beside the list, and typing there must reach that record.
+//
+// The list is as wide as its widest row, so a long row can be scrolled to its end; the width
+// follows the rows as they are added, written and removed.
 
 #include <QListWidget>
+
+#include <array>
+#include <vector>
 
 class ListBox : public QListWidget {
     Q_OBJECT
@@ -45,6 +51,9 @@ public:
     static constexpr int KeyCodeDelete = 46;
     static constexpr int KeyCodeF2 = 113;
 
+    // After `Clear` (the model's reset), every row is measured again.
+    void reset() override;
+
 signals:
     void Click();
     void KeyDown(int KeyCode);
@@ -53,13 +62,30 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                          const QEvent* event) const override;
-    // A row whose text changes is repainted alone: QListView lays out every row again on any
-    // change, which makes typing into a record cost as much as the list is long.
+    // A row whose text changes is repainted alone unless it changes the width of the widest
+    // row: QListView lays out every row again on any change, which makes typing into a record
+    // cost as much as the list is long.
     void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
                      const QList<int>& roles) override;
+    void rowsInserted(const QModelIndex& parent, int start, int end) override;
+    void rowsAboutToBeRemoved(const QModelIndex& parent, int start, int end) override;
+    void changeEvent(QEvent* event) override;
+    void updateGeometries() override;
 
 private:
+    class WidestRowDelegate;
+
     void selectionChangedByQt();
 
+    int textWidth(int row) const;
+    void measureAllRows();
+    void findWidest();
+    int widestWidth() const { return m_widest == -1 ? 0 : m_widths[m_widest]; }
+
     int m_lastIndex = -1; // ListIndex as last seen, to raise `Click` on a change only
+    // The text width of each row in the list's font, and the row of the widest (-1 for none):
+    // the rows share one size, that of the widest, which makes the list's scroll range.
+    std::vector<int> m_widths;
+    int m_widest = -1;
+    std::array<qreal, 95> m_asciiAdvances{}; // ' ' to '~' in the list's font
 };

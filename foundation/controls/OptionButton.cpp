@@ -13,10 +13,16 @@ OptionButton::OptionButton(const QString& name, const QString& caption, QWidget*
 
 void OptionButton::setValue(bool value)
 {
-    if (value || !isChecked()) {
-        setChecked(value);
+    if (value) {
+        // Turning on raises Click through `toggled`; Qt stays silent for a button already on.
+        if (isChecked())
+            emit Click();
+        else
+            setChecked(true);
         return;
     }
+    if (!isChecked())
+        return;
     // The checked button of an auto-exclusive set cannot be unchecked in Qt.
     setAutoExclusive(false);
     setChecked(false);

@@ -1,7 +1,9 @@
 #pragma once
 // `OptionButton` over QRadioButton. The buttons that stand directly in one `Frame`
 // exclude each other (Qt's auto-exclusion among the children of one widget); none is on at
-// the start; `Click` is raised when a button becomes on, by the user or by code.
+// the start. `Click` is raised when the user turns a button on, and every time code sets
+// `Value` True, also on a button that is already on, so a handler that writes the option's
+// meaning into a record runs for each record shown. Setting it False raises nothing.
 
 #include <QRadioButton>
 

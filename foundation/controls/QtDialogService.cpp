@@ -1,11 +1,13 @@
 #include "foundation/controls/QtDialogService.h"
 
 #include "foundation/controls/CommonDialog.h"
+#include "foundation/controls/ControlCharacterValidator.h"
 
 #include <QApplication>
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QScreen>
 #include <QTreeView>
@@ -72,11 +74,16 @@ void QtDialogService::MsgBox(const QString& text)
 
 QString QtDialogService::InputBox(const QString& prompt, const QString& defaultText)
 {
-    bool ok = false;
-    const QString answer =
-        QInputDialog::getText(QApplication::activeWindow(), QCoreApplication::applicationName(),
-                              prompt, QLineEdit::Normal, defaultText, &ok);
-    return ok ? answer : QString();
+    QInputDialog dialog(QApplication::activeWindow());
+    dialog.setWindowTitle(QCoreApplication::applicationName());
+    dialog.setLabelText(prompt);
+    dialog.setInputMode(QInputDialog::TextInput);
+    // The answer names a record, which a saved file must be able to carry: the box drops
+    // control characters as they are typed or pasted, and from the default too.
+    if (auto* edit = dialog.findChild<QLineEdit*>())
+        edit->setValidator(new ControlCharacterValidator(edit));
+    dialog.setTextValue(defaultText);
+    return dialog.exec() == QDialog::Accepted ? dialog.textValue() : QString();
 }
 
 bool QtDialogService::AskYesNo(const QString& question)

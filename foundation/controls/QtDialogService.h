@@ -13,6 +13,7 @@ public:
     bool ShowSave(CommonDialog& dialog) override;
     // Title: the application's name (QCoreApplication::applicationName).
     void MsgBox(const QString& text) override;
+    // The box drops control characters but tab, so the answer holds none.
     QString InputBox(const QString& prompt, const QString& defaultText) override;
     bool AskYesNo(const QString& question) override;
 };

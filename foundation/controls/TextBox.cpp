@@ -1,44 +1,25 @@
 #include "foundation/controls/TextBox.h"
 
+#include "foundation/controls/ControlCharacterValidator.h"
+
 #include <QScopedValueRollback>
-#include <QValidator>
 
 #include <algorithm>
 #include <limits>
-
-namespace {
-
-// The text without U+0000 to U+001F but tab; the cursor moves back by those dropped in
-// front of it.
-QString withoutControlCharacters(const QString& text, int& cursor)
-{
-    QString kept;
-    kept.reserve(text.size());
-    const qsizetype cursorBefore = cursor;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        if (text[i].unicode() >= 0x20 || text[i] == u'\t')
-            kept.append(text[i]);
-        else if (i < cursorBefore)
-            --cursor;
-    }
-    return kept;
-}
-
-} // namespace
 
 // Sees every change of the text before it is shown: QLineEdit takes the text a validator
 // hands back, also from a write of code, so a write from code passes unchanged. An edit of
 // the user's loses its control characters, and one that makes the text longer than
 // `MaxLength` is refused; an edit that shortens an over-long text is let through.
-class TextBoxInputValidator : public QValidator {
+class TextBoxInputValidator : public ControlCharacterValidator {
 public:
-    explicit TextBoxInputValidator(TextBox* box) : QValidator(box), m_box(box) {}
+    explicit TextBoxInputValidator(TextBox* box) : ControlCharacterValidator(box), m_box(box) {}
 
     State validate(QString& input, int& pos) const override
     {
         if (m_box->m_writingFromCode)
             return Acceptable;
-        input = withoutControlCharacters(input, pos);
+        ControlCharacterValidator::validate(input, pos);
         const int limit = m_box->m_maxLength;
         if (limit > 0 && input.size() > limit && input.size() > m_box->m_lengthBefore)
             return Invalid;

@@ -235,6 +235,22 @@ private slots:
         QVERIFY(!QFile::exists(path(u"odd.rbt"_s)));
     }
 
+    void showingAJointMakesAnyActionButRotateTranslate()
+    {
+        // Also right after a "translate" joint, when Translate is already on.
+        mdlGeneral::strCurrentDir = path(QString());
+        m_files.write(
+            u"hand.rbt"_s,
+            R"(<rbt name="Hand" model="thing.ltb">)"
+            R"(<joint id="0" node="joint1" min="" max="" vector=",," action="translate" desc="A"/>)"
+            R"(<joint id="1" node="joint2" min="" max="" vector=",," action="spin" desc="B"/>)"
+            R"(</rbt>)"_ba);
+        QVERIFY(m_window->OpenRBT(u"hand.rbt"_s));
+        m_ui->pickRow(u"lstJoints"_s, 0);
+        m_ui->pickRow(u"lstJoints"_s, 1);
+        QCOMPARE(m_window->Document()->Joints(1)->Action, u"translate"_s);
+    }
+
     void addCommandsStopWhereTheFileIsFull()
     {
         // 32767 joints and one animation: the file's root holds all the children it can.

@@ -5,6 +5,7 @@
 #include "foundation/controls/CommonDialog.h"
 #include "foundation/controls/ListBox.h"
 #include "foundation/controls/OptionButton.h"
+#include "foundation/controls/QtDialogService.h"
 #include "foundation/controls/TextBox.h"
 #include "foundation/mdlGeneral.h"
 #include "tests/support/ScriptedDialogService.h"
@@ -12,6 +13,7 @@
 
 #include <QClipboard>
 #include <QDialog>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QVBoxLayout>
 #include <QtTest>
@@ -89,20 +91,59 @@ private slots:
         QCOMPARE(click.count(), 4);
     }
 
+    void listBoxScrollsToTheEndOfItsWidestRow()
+    {
+        // How wide a text the horizontal scroll range lets the user see.
+        const auto reach = [&] {
+            return m_list->horizontalScrollBar()->maximum() + m_list->viewport()->width();
+        };
+        const auto width = [&](int n) {
+            return m_list->fontMetrics().horizontalAdvance(QString(n, u'w'));
+        };
+        for (const QString& row : {u"zero"_s, u"one"_s, u"two"_s})
+            m_list->AddItem(row);
+        m_list->setList(1, QString(200, u'w'));
+        QTRY_VERIFY(reach() >= width(200));
+        QVERIFY(m_list->horizontalScrollBar()->singleStep() < width(10)); // an arrow click
+        m_list->AddItem(QString(300, u'w')); // Qt would measure the last row alone
+        m_list->AddItem(u"three"_s);
+        QTRY_VERIFY(reach() >= width(300));
+        m_list->RemoveItem(3);
+        QTRY_VERIFY(reach() >= width(200) && reach() < width(300));
+        m_list->setList(1, u"one"_s);
+        QTRY_COMPARE(m_list->horizontalScrollBar()->maximum(), 0);
+    }
+
+    void inputBoxDropsControlCharactersTypedOrPasted()
+    {
+        QTimer::singleShot(0, [] {
+            auto* edit = QApplication::activeModalWidget()->findChild<QLineEdit*>();
+            QGuiApplication::clipboard()->setText(u"1\n2\t3\r\u0001"_s);
+            QTest::keyClick(edit, Qt::Key_End);
+            QTest::keyClick(edit, Qt::Key_V, Qt::ControlModifier);
+            QTest::keyClicks(edit, u"|"_s);
+            QTest::keyClick(edit, Qt::Key_Return);
+        });
+        QCOMPARE(QtDialogService().InputBox(u"Name of the joint"_s, u"a\fb"_s), u"ab12\t3|"_s);
+    }
+
     void comboAndOptionButtonsChangeByAPickOrByCodeAlone()
     {
         m_combo->AddItem(u"old"_s); // QComboBox selects the first row added
         QCOMPARE(m_combo->ListIndex(), -1);
 
+        // A user's press raises Click when it turns a button on; code's True always does.
         const auto [a, b] = m_options;
-        QSignalSpy clickA(a, &OptionButton::Click);
+        QSignalSpy clickA(a, &OptionButton::Click), clickB(b, &OptionButton::Click);
+        a->setValue(true);
         a->setValue(true);
         a->setValue(false); // Qt keeps the checked button of an exclusive set on
         QVERIFY(!a->Value() && !b->Value());
-        b->setValue(true);
+        QTest::keyClick(b, Qt::Key_Space);
+        QTest::keyClick(b, Qt::Key_Space);
         a->setValue(true);
         QVERIFY(!b->Value());
-        QCOMPARE(clickA.count(), 2);
+        QCOMPARE(QList<qsizetype>({clickA.count(), clickB.count()}), QList<qsizetype>({3, 1}));
     }
 
     void enterPressesTheFocusedButtonOrOnlyTheDefaultOne()

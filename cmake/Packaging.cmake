@@ -22,8 +22,8 @@ install(FILES ${TROUPE_PACKAGING_DIR}/${TROUPE_APP_ID}.svg
 install(FILES ${TROUPE_PACKAGING_DIR}/${TROUPE_APP_ID}.xml
         DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
 # The example show is data the program opens, so it is no documentation that a minimal
-# system may leave out.
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/
+# system may leave out. Its folder keeps the name `rez` that the run-time resolves.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/rez
         DESTINATION ${CMAKE_INSTALL_DATADIR}/troupe/examples)
 install(FILES ${PROJECT_SOURCE_DIR}/docs/guide.md ${PROJECT_SOURCE_DIR}/docs/formats.md
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/troupe)

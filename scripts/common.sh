@@ -11,6 +11,8 @@ BUILD_PACKAGES=(g++ make cmake qt6-base-dev libbenchmark-dev)
 TEST_PACKAGES=(desktop-file-utils appstream)
 # A virtual display with a window manager, for a run or screenshots without a display.
 XVFB_PACKAGES=(xvfb xauth x11-utils imagemagick twm)
+# What makes the example show's models (Python) and sounds (speech and effects).
+EXAMPLE_PACKAGES=(python3 espeak-ng sox)
 
 install_missing() {
     local missing=()

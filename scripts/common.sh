@@ -7,10 +7,13 @@ BUILD="$ROOT/build"
 # The packages the build needs, checked one by one so a machine that has them all asks
 # nothing of apt.
 BUILD_PACKAGES=(g++ make cmake qt6-base-dev libbenchmark-dev)
-# The validators of the desktop entry and the AppStream metainfo, run by the tests.
-TEST_PACKAGES=(desktop-file-utils appstream)
+# The validators of the desktop entry, the AppStream metainfo and the Debian package, run by
+# the tests.
+TEST_PACKAGES=(desktop-file-utils appstream lintian)
 # A virtual display with a window manager, for a run or screenshots without a display.
 XVFB_PACKAGES=(xvfb xauth x11-utils imagemagick twm)
+# What makes the example show's models (Python) and sounds (speech and effects).
+EXAMPLE_PACKAGES=(python3 espeak-ng sox)
 
 install_missing() {
     local missing=()

@@ -61,7 +61,7 @@ private slots:
         stage.trigger(u"menEditRBT"_s);
         QCOMPARE(state<frmMainRBT>(), u"dancer.rbt"_s);
         WindowDriver rig(shown<frmMainRBT>());
-        QCOMPARE(rig.listBox(u"lstAnimations"_s)->List(0), u"Sway (base_anim)"_s);
+        QCOMPARE(rig.listBox(u"lstAnimations"_s)->List(0), u"Breathes (idle)"_s);
 
         ssf->close(); // by the frame
         rig.trigger(u"menSFFEditor"_s);
@@ -79,13 +79,13 @@ private slots:
         QTest::newRow("one of each kind") << u"midnight.tsl act2.ssf drum.rbt"_s << QString()
                                           << u"drum.rbt act2.ssf midnight.tsl"_s;
         QTest::newRow("bad ones named, others open")
-            << u"models/README.md gone.ssf act3.ssf"_s << u"models/README.md gone.ssf"_s
+            << u"sounds/knock1.wav gone.ssf act3.ssf"_s << u"sounds/knock1.wav gone.ssf"_s
             << u"none act3.ssf none"_s;
         QTest::newRow("no xml; outside the first folder")
-            << u"models/box.lta crate.rbt @x.tsl"_s << u"models/box.lta @x.tsl"_s
+            << u"models/crate.lta crate.rbt @x.tsl"_s << u"models/crate.lta @x.tsl"_s
             << u"crate.rbt none -"_s;
         QTest::newRow("only unknown files: as without files")
-            << u"models/box.lta"_s << u"models/box.lta"_s << u"- none none"_s;
+            << u"models/crate.lta"_s << u"models/crate.lta"_s << u"- none none"_s;
     }
 
     void filesOnTheCommandLine()

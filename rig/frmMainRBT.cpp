@@ -190,14 +190,14 @@ void frmMainRBT::menSaveRBT_Click()
 
 // --- general information ---
 
-void frmMainRBT::Command3_Click()
+void frmMainRBT::chooseTexture()
 {
-    chooseInto(QStringLiteral("Texture Files (*.dtx)|*.dtx"), *Command3, *txtTexture);
+    chooseInto(QStringLiteral("Texture Files (*.dtx)|*.dtx"), *textureChooser, *txtTexture);
 }
 
-void frmMainRBT::Command4_Click()
+void frmMainRBT::chooseBitmap()
 {
-    chooseInto(QStringLiteral("Bitmap Files (*.bmp)|*.bmp"), *Command4, *txtBitmap);
+    chooseInto(QStringLiteral("Bitmap Files (*.bmp)|*.bmp"), *bitmapChooser, *txtBitmap);
 }
 
 void frmMainRBT::chooseInto(const QString& filter, CommandButton& chooser, TextBox& box)

@@ -55,9 +55,9 @@ private:
     void menNewRBT_Click();
     void menOpenRBT_Click();
     void menSaveRBT_Click();
-    void Command3_Click();
-    void Command4_Click();
-    // Command3 and Command4: a file picked in the open dialog goes into `box`.
+    void chooseTexture();
+    void chooseBitmap();
+    // textureChooser and bitmapChooser: a file picked in the open dialog goes into `box`.
     void chooseInto(const QString& filter, CommandButton& chooser, TextBox& box);
     void txtTexture_Change();
     void txtBitmap_Change();
@@ -81,7 +81,7 @@ private:
     void chkZ_Click();
     void txtMin_Change();
     void txtMax_Change();
-    void Command1_Click();
+    void enableJoint();
     void menRenameJoint_Click();
     void menDeleteJoint_Click();
     // chkX, chkY and chkZ Click: the axis component of the selected joint follows its box.
@@ -90,7 +90,7 @@ private:
     // --- animations (frmMainRBT_animations.cpp) ---
     static QString AnimationRowText(const clsAnimation& animation);
     void lstAnimations_KeyDown(int KeyCode);
-    void Command2_Click();
+    void enableAnimation();
     void menRenameAnimation_Click();
     void menDeleteAnimation_Click();
 
@@ -104,40 +104,40 @@ private:
     std::unique_ptr<frmNewRBT> m_newRBT;
 
     // --- controls, owned by the window through their Qt parents ---
-    Frame* Frame4 = nullptr;
-    QLabel* Label10 = nullptr;
+    Frame* generalFrame = nullptr;
+    QLabel* nameLabel = nullptr;
     TextBox* txtName = nullptr;
-    QLabel* Label9 = nullptr;
+    QLabel* modelLabel = nullptr;
     TextBox* txtModel = nullptr;
-    QLabel* Label7 = nullptr;
+    QLabel* textureLabel = nullptr;
     TextBox* txtTexture = nullptr;
-    CommandButton* Command3 = nullptr;
-    QLabel* Label8 = nullptr;
+    CommandButton* textureChooser = nullptr;
+    QLabel* bitmapLabel = nullptr;
     TextBox* txtBitmap = nullptr;
-    CommandButton* Command4 = nullptr;
+    CommandButton* bitmapChooser = nullptr;
 
-    Frame* Frame1 = nullptr;
-    QLabel* Label1 = nullptr;
+    Frame* listsFrame = nullptr;
+    QLabel* nodesLabel = nullptr;
     ListBox* lstNodes = nullptr;
-    CommandButton* Command1 = nullptr;
-    QLabel* Label3 = nullptr;
+    CommandButton* enableJointButton = nullptr;
+    QLabel* jointsLabel = nullptr;
     ListBox* lstJoints = nullptr;
-    Frame* Frame5 = nullptr;
+    Frame* actionFrame = nullptr;
     OptionButton* chkRotate = nullptr;
     OptionButton* chkTranslate = nullptr;
-    Frame* Frame2 = nullptr;
-    QLabel* Label4 = nullptr;
+    Frame* limitsFrame = nullptr;
+    QLabel* minLabel = nullptr;
     TextBox* txtMin = nullptr;
-    QLabel* Label5 = nullptr;
+    QLabel* maxLabel = nullptr;
     TextBox* txtMax = nullptr;
-    Frame* Frame3 = nullptr;
+    Frame* vectorFrame = nullptr;
     CheckBox* chkX = nullptr;
     CheckBox* chkY = nullptr;
     CheckBox* chkZ = nullptr;
-    QLabel* Label2 = nullptr;
+    QLabel* animsLabel = nullptr;
     ListBox* lstAnims = nullptr;
-    CommandButton* Command2 = nullptr;
-    QLabel* Label6 = nullptr;
+    CommandButton* enableAnimationButton = nullptr;
+    QLabel* animationsLabel = nullptr;
     ListBox* lstAnimations = nullptr;
 
     Menu* menRenameJoint = nullptr;

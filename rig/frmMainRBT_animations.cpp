@@ -26,7 +26,7 @@ void frmMainRBT::lstAnimations_KeyDown(int KeyCode)
         menRenameAnimation_Click();
 }
 
-void frmMainRBT::Command2_Click()
+void frmMainRBT::enableAnimation()
 {
     const int index = lstAnims->ListIndex();
     if (!objRBT || index == -1 || !roomForOneMore(objRBT->NumAnimations()))

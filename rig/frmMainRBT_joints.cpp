@@ -1,5 +1,5 @@
-// `frmMainRBT`: joints. A node picked in `lstNodes` becomes a joint through `Command1`, with
-// the settings of the controls between the two lists (action, limits, axis). With a row of
+// `frmMainRBT`: joints. A node picked in `lstNodes` becomes a joint through `enableJointButton`,
+// with the settings of the controls between the two lists (action, limits, axis). With a row of
 // `lstJoints` selected the same controls show that joint and every change goes straight into
 // it; with none they are merely the settings for the next joint. Selecting in one list
 // clears the other.
@@ -139,7 +139,7 @@ void frmMainRBT::txtMax_Change()
 
 // --- the commands ---
 
-void frmMainRBT::Command1_Click()
+void frmMainRBT::enableJoint()
 {
     // A node and an action must be chosen; the same node may become any number of joints.
     if (!objRBT || lstNodes->ListIndex() == -1 || !(chkRotate->Value() || chkTranslate->Value()))

@@ -62,89 +62,98 @@ void frmMainRBT::createControls()
     auto* layout = new QVBoxLayout(central);
 
     // General information: name and model shown, texture and bitmap edited or chosen.
-    Frame4 = new Frame(QStringLiteral("Frame4"), QStringLiteral("General information"), central);
-    Label10 = makeLabel(QStringLiteral("Label10"), QStringLiteral("Name:"), Frame4);
-    txtName = new TextBox(QStringLiteral("txtName"), Frame4);
+    generalFrame =
+        new Frame(QStringLiteral("Frame4"), QStringLiteral("General information"), central);
+    nameLabel = makeLabel(QStringLiteral("Label10"), QStringLiteral("Name:"), generalFrame);
+    txtName = new TextBox(QStringLiteral("txtName"), generalFrame);
     makeCaptionLike(txtName);
     QFont bold = txtName->font();
     bold.setBold(true);
     txtName->setFont(bold);
-    Label9 = makeLabel(QStringLiteral("Label9"), QStringLiteral("Model:"), Frame4);
-    txtModel = new TextBox(QStringLiteral("txtModel"), Frame4);
+    modelLabel = makeLabel(QStringLiteral("Label9"), QStringLiteral("Model:"), generalFrame);
+    txtModel = new TextBox(QStringLiteral("txtModel"), generalFrame);
     makeCaptionLike(txtModel);
     txtModel->setLocked(true);
-    Label7 = makeLabel(QStringLiteral("Label7"), QStringLiteral("Texture"), Frame4);
-    txtTexture = new TextBox(QStringLiteral("txtTexture"), Frame4);
-    Command3 = new CommandButton(QStringLiteral("Command3"), QStringLiteral("..."), Frame4);
-    narrowChooser(Command3);
-    Label8 = makeLabel(QStringLiteral("Label8"), QStringLiteral("Bitmap"), Frame4);
-    txtBitmap = new TextBox(QStringLiteral("txtBitmap"), Frame4);
-    Command4 = new CommandButton(QStringLiteral("Command4"), QStringLiteral("..."), Frame4);
-    narrowChooser(Command4);
+    textureLabel = makeLabel(QStringLiteral("Label7"), QStringLiteral("Texture"), generalFrame);
+    txtTexture = new TextBox(QStringLiteral("txtTexture"), generalFrame);
+    textureChooser =
+        new CommandButton(QStringLiteral("Command3"), QStringLiteral("..."), generalFrame);
+    narrowChooser(textureChooser);
+    bitmapLabel = makeLabel(QStringLiteral("Label8"), QStringLiteral("Bitmap"), generalFrame);
+    txtBitmap = new TextBox(QStringLiteral("txtBitmap"), generalFrame);
+    bitmapChooser =
+        new CommandButton(QStringLiteral("Command4"), QStringLiteral("..."), generalFrame);
+    narrowChooser(bitmapChooser);
 
-    auto* general = new QGridLayout(Frame4);
-    general->addWidget(Label10, 0, 0);
+    auto* general = new QGridLayout(generalFrame);
+    general->addWidget(nameLabel, 0, 0);
     general->addWidget(txtName, 0, 1, 1, 2);
-    general->addWidget(Label9, 1, 0);
+    general->addWidget(modelLabel, 1, 0);
     general->addWidget(txtModel, 1, 1, 1, 2);
-    general->addWidget(Label7, 2, 0);
+    general->addWidget(textureLabel, 2, 0);
     general->addWidget(txtTexture, 2, 1);
-    general->addWidget(Command3, 2, 2);
-    general->addWidget(Label8, 3, 0);
+    general->addWidget(textureChooser, 2, 2);
+    general->addWidget(bitmapLabel, 3, 0);
     general->addWidget(txtBitmap, 3, 1);
-    general->addWidget(Command4, 3, 2);
+    general->addWidget(bitmapChooser, 3, 2);
     general->setColumnStretch(1, 1);
-    layout->addWidget(Frame4);
+    layout->addWidget(generalFrame);
 
     // Joints and animations.
-    Frame1 = new Frame(QStringLiteral("Frame1"), QStringLiteral("Joints and Animations"), central);
-    Label1 = makeLabel(QStringLiteral("Label1"), QStringLiteral("Available nodes"), Frame1);
-    lstNodes = new ListBox(QStringLiteral("lstNodes"), Frame1);
-    Command1 = new CommandButton(QStringLiteral("Command1"), QStringLiteral("--->"), Frame1);
-    Label3 = makeLabel(QStringLiteral("Label3"), QStringLiteral("Joints enabled"), Frame1);
-    lstJoints = new ListBox(QStringLiteral("lstJoints"), Frame1);
+    listsFrame =
+        new Frame(QStringLiteral("Frame1"), QStringLiteral("Joints and Animations"), central);
+    nodesLabel = makeLabel(QStringLiteral("Label1"), QStringLiteral("Available nodes"), listsFrame);
+    lstNodes = new ListBox(QStringLiteral("lstNodes"), listsFrame);
+    enableJointButton =
+        new CommandButton(QStringLiteral("Command1"), QStringLiteral("--->"), listsFrame);
+    jointsLabel = makeLabel(QStringLiteral("Label3"), QStringLiteral("Joints enabled"), listsFrame);
+    lstJoints = new ListBox(QStringLiteral("lstJoints"), listsFrame);
 
-    Frame5 = new Frame(QStringLiteral("Frame5"), QStringLiteral("Action"), Frame1);
-    chkRotate = new OptionButton(QStringLiteral("chkRotate"), QStringLiteral("Rotate"), Frame5);
+    actionFrame = new Frame(QStringLiteral("Frame5"), QStringLiteral("Action"), listsFrame);
+    chkRotate =
+        new OptionButton(QStringLiteral("chkRotate"), QStringLiteral("Rotate"), actionFrame);
     chkTranslate =
-        new OptionButton(QStringLiteral("chkTranslate"), QStringLiteral("Translate"), Frame5);
-    auto* action = new QVBoxLayout(Frame5);
+        new OptionButton(QStringLiteral("chkTranslate"), QStringLiteral("Translate"), actionFrame);
+    auto* action = new QVBoxLayout(actionFrame);
     action->addWidget(chkRotate);
     action->addWidget(chkTranslate);
 
-    Frame2 = new Frame(QStringLiteral("Frame2"), QStringLiteral("Limits"), Frame1);
-    Label4 = makeLabel(QStringLiteral("Label4"), QStringLiteral("MIN"), Frame2);
-    txtMin = new TextBox(QStringLiteral("txtMin"), Frame2);
+    limitsFrame = new Frame(QStringLiteral("Frame2"), QStringLiteral("Limits"), listsFrame);
+    minLabel = makeLabel(QStringLiteral("Label4"), QStringLiteral("MIN"), limitsFrame);
+    txtMin = new TextBox(QStringLiteral("txtMin"), limitsFrame);
     txtMin->setMaxLength(6);
     txtMin->setText(QStringLiteral("-90.0"));
-    Label5 = makeLabel(QStringLiteral("Label5"), QStringLiteral("MAX"), Frame2);
-    txtMax = new TextBox(QStringLiteral("txtMax"), Frame2);
+    maxLabel = makeLabel(QStringLiteral("Label5"), QStringLiteral("MAX"), limitsFrame);
+    txtMax = new TextBox(QStringLiteral("txtMax"), limitsFrame);
     txtMax->setMaxLength(6);
     txtMax->setText(QStringLiteral("90.0"));
     const int limitWidth = txtMin->fontMetrics().horizontalAdvance(QString(8, u'0'));
     txtMin->setFixedWidth(limitWidth);
     txtMax->setFixedWidth(limitWidth);
-    auto* limits = new QGridLayout(Frame2);
-    limits->addWidget(Label4, 0, 0);
+    auto* limits = new QGridLayout(limitsFrame);
+    limits->addWidget(minLabel, 0, 0);
     limits->addWidget(txtMin, 0, 1);
-    limits->addWidget(Label5, 1, 0);
+    limits->addWidget(maxLabel, 1, 0);
     limits->addWidget(txtMax, 1, 1);
 
-    Frame3 = new Frame(QStringLiteral("Frame3"), QStringLiteral("Vector"), Frame1);
-    chkX = new CheckBox(QStringLiteral("chkX"), QStringLiteral("X"), Frame3);
-    chkY = new CheckBox(QStringLiteral("chkY"), QStringLiteral("Y"), Frame3);
-    chkZ = new CheckBox(QStringLiteral("chkZ"), QStringLiteral("Z"), Frame3);
-    auto* vector = new QHBoxLayout(Frame3);
+    vectorFrame = new Frame(QStringLiteral("Frame3"), QStringLiteral("Vector"), listsFrame);
+    chkX = new CheckBox(QStringLiteral("chkX"), QStringLiteral("X"), vectorFrame);
+    chkY = new CheckBox(QStringLiteral("chkY"), QStringLiteral("Y"), vectorFrame);
+    chkZ = new CheckBox(QStringLiteral("chkZ"), QStringLiteral("Z"), vectorFrame);
+    auto* vector = new QHBoxLayout(vectorFrame);
     vector->addWidget(chkX);
     vector->addWidget(chkY);
     vector->addWidget(chkZ);
 
-    Label2 = new QLabel(QStringLiteral("Available animations "), Frame1); // the blank is designed
-    Label2->setObjectName(QStringLiteral("Label2"));
-    lstAnims = new ListBox(QStringLiteral("lstAnims"), Frame1);
-    Command2 = new CommandButton(QStringLiteral("Command2"), QStringLiteral("--->"), Frame1);
-    Label6 = makeLabel(QStringLiteral("Label6"), QStringLiteral("Animations enabled"), Frame1);
-    lstAnimations = new ListBox(QStringLiteral("lstAnimations"), Frame1);
+    animsLabel =
+        new QLabel(QStringLiteral("Available animations "), listsFrame); // the blank is designed
+    animsLabel->setObjectName(QStringLiteral("Label2"));
+    lstAnims = new ListBox(QStringLiteral("lstAnims"), listsFrame);
+    enableAnimationButton =
+        new CommandButton(QStringLiteral("Command2"), QStringLiteral("--->"), listsFrame);
+    animationsLabel =
+        makeLabel(QStringLiteral("Label6"), QStringLiteral("Animations enabled"), listsFrame);
+    lstAnimations = new ListBox(QStringLiteral("lstAnimations"), listsFrame);
 
     sizeList(lstNodes, 14);
     sizeList(lstJoints, 14);
@@ -154,24 +163,24 @@ void frmMainRBT::createControls()
     // The joint settings stand between the node list and the joint list, under the button
     // that moves a node across.
     auto* settings = new QVBoxLayout;
-    settings->addWidget(Command1);
-    settings->addWidget(Frame5);
-    settings->addWidget(Frame2);
-    settings->addWidget(Frame3);
+    settings->addWidget(enableJointButton);
+    settings->addWidget(actionFrame);
+    settings->addWidget(limitsFrame);
+    settings->addWidget(vectorFrame);
     settings->addStretch(1);
 
-    auto* lists = new QGridLayout(Frame1);
-    lists->addWidget(Label1, 0, 0);
-    lists->addWidget(Label3, 0, 2);
+    auto* lists = new QGridLayout(listsFrame);
+    lists->addWidget(nodesLabel, 0, 0);
+    lists->addWidget(jointsLabel, 0, 2);
     lists->addWidget(lstNodes, 1, 0);
     lists->addLayout(settings, 1, 1);
     lists->addWidget(lstJoints, 1, 2);
-    lists->addWidget(Label2, 2, 0);
-    lists->addWidget(Label6, 2, 2);
+    lists->addWidget(animsLabel, 2, 0);
+    lists->addWidget(animationsLabel, 2, 2);
     lists->addWidget(lstAnims, 3, 0);
-    lists->addWidget(Command2, 3, 1, Qt::AlignTop);
+    lists->addWidget(enableAnimationButton, 3, 1, Qt::AlignTop);
     lists->addWidget(lstAnimations, 3, 2);
-    layout->addWidget(Frame1);
+    layout->addWidget(listsFrame);
 }
 
 void frmMainRBT::createMenus()
@@ -196,8 +205,8 @@ void frmMainRBT::connectEvents()
     // Files and general information.
     ConnectFileCommands(&frmMainRBT::menNewRBT_Click, &frmMainRBT::menOpenRBT_Click,
                         &frmMainRBT::menSaveRBT_Click);
-    connect(Command3, &CommandButton::Click, this, &frmMainRBT::Command3_Click);
-    connect(Command4, &CommandButton::Click, this, &frmMainRBT::Command4_Click);
+    connect(textureChooser, &CommandButton::Click, this, &frmMainRBT::chooseTexture);
+    connect(bitmapChooser, &CommandButton::Click, this, &frmMainRBT::chooseBitmap);
     connect(txtTexture, &TextBox::Change, this, &frmMainRBT::txtTexture_Change);
     connect(txtBitmap, &TextBox::Change, this, &frmMainRBT::txtBitmap_Change);
 
@@ -212,13 +221,13 @@ void frmMainRBT::connectEvents()
     connect(chkZ, &CheckBox::Click, this, &frmMainRBT::chkZ_Click);
     connect(txtMin, &TextBox::Change, this, &frmMainRBT::txtMin_Change);
     connect(txtMax, &TextBox::Change, this, &frmMainRBT::txtMax_Change);
-    connect(Command1, &CommandButton::Click, this, &frmMainRBT::Command1_Click);
+    connect(enableJointButton, &CommandButton::Click, this, &frmMainRBT::enableJoint);
     connect(menRenameJoint, &Menu::Click, this, &frmMainRBT::menRenameJoint_Click);
     connect(menDeleteJoint, &Menu::Click, this, &frmMainRBT::menDeleteJoint_Click);
 
     // Animations.
     connect(lstAnimations, &ListBox::KeyDown, this, &frmMainRBT::lstAnimations_KeyDown);
-    connect(Command2, &CommandButton::Click, this, &frmMainRBT::Command2_Click);
+    connect(enableAnimationButton, &CommandButton::Click, this, &frmMainRBT::enableAnimation);
     connect(menRenameAnimation, &Menu::Click, this, &frmMainRBT::menRenameAnimation_Click);
     connect(menDeleteAnimation, &Menu::Click, this, &frmMainRBT::menDeleteAnimation_Click);
 }

@@ -37,18 +37,18 @@ public:
     void reject() override;
 
 private:
-    void Command1_Click();
-    void Command2_Click();
+    void chooseModel();
+    void confirm();
 
     DialogService& m_dialogs;
     CommonDialog CommonDialog1;
 
-    Frame* Frame1 = nullptr;
-    QLabel* Label2 = nullptr;
+    Frame* frame = nullptr;
+    QLabel* nameLabel = nullptr;
     TextBox* txtRBTName = nullptr;
-    QLabel* Label1 = nullptr;
+    QLabel* modelLabel = nullptr;
     TextBox* txtModel = nullptr;
-    CommandButton* Command1 = nullptr;
-    CommandButton* Command2 = nullptr;
-    CommandButton* Command3 = nullptr;
+    CommandButton* modelChooser = nullptr;
+    CommandButton* okButton = nullptr;
+    CommandButton* cancelButton = nullptr;
 };

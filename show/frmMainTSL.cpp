@@ -26,7 +26,8 @@ QLabel* makeLabel(const QString& name, const QString& caption, QWidget* parent)
     return label;
 }
 
-// Frame4 and Frame2 alike: a label and a box on the first row; a label, a box and a narrow
+// generalFrame and sceneDetail alike: a label and a box on the first row; a label, a box and a
+// narrow
 // "..." chooser on the second.
 void layOutFieldRows(Frame* frame, QLabel* label1, TextBox* box1, QLabel* label2, TextBox* box2,
                      CommandButton* chooser)
@@ -61,54 +62,56 @@ void frmMainTSL::createControls()
     auto* layout = new QVBoxLayout(central);
 
     // General information: title and main world.
-    Frame4 = new Frame(QStringLiteral("Frame4"), QStringLiteral("General information"), central);
-    Label7 = makeLabel(QStringLiteral("Label7"), QStringLiteral("Title"), Frame4);
-    txtTitle = new TextBox(QStringLiteral("txtTitle"), Frame4);
-    Label3 = makeLabel(QStringLiteral("Label3"), QStringLiteral("Main world"), Frame4);
-    txtWorld = new TextBox(QStringLiteral("txtWorld"), Frame4);
-    Command5 = new CommandButton(QStringLiteral("Command5"), QStringLiteral("..."), Frame4);
-    layOutFieldRows(Frame4, Label7, txtTitle, Label3, txtWorld, Command5);
-    layout->addWidget(Frame4);
+    generalFrame =
+        new Frame(QStringLiteral("Frame4"), QStringLiteral("General information"), central);
+    titleLabel = makeLabel(QStringLiteral("Label7"), QStringLiteral("Title"), generalFrame);
+    txtTitle = new TextBox(QStringLiteral("txtTitle"), generalFrame);
+    worldLabel = makeLabel(QStringLiteral("Label3"), QStringLiteral("Main world"), generalFrame);
+    txtWorld = new TextBox(QStringLiteral("txtWorld"), generalFrame);
+    worldChooser =
+        new CommandButton(QStringLiteral("Command5"), QStringLiteral("..."), generalFrame);
+    layOutFieldRows(generalFrame, titleLabel, txtTitle, worldLabel, txtWorld, worldChooser);
+    layout->addWidget(generalFrame);
 
     // Scenes: column heads, the fixed-pitch list, the add button and the detail frame.
-    Frame1 = new Frame(QStringLiteral("Frame1"), QStringLiteral("Scenes"), central);
-    Label1 = makeLabel(QStringLiteral("Label1"), QStringLiteral("Name"), Frame1);
-    Label9 = makeLabel(QStringLiteral("Label9"), QStringLiteral("SSF File"), Frame1);
-    lstScenes = new ListBox(QStringLiteral("lstScenes"), Frame1);
+    scenesFrame = new Frame(QStringLiteral("Frame1"), QStringLiteral("Scenes"), central);
+    nameHead = makeLabel(QStringLiteral("Label1"), QStringLiteral("Name"), scenesFrame);
+    fileHead = makeLabel(QStringLiteral("Label9"), QStringLiteral("SSF File"), scenesFrame);
+    lstScenes = new ListBox(QStringLiteral("lstScenes"), scenesFrame);
     lstScenes->setFixedPitch();
-    Command1 =
-        new CommandButton(QStringLiteral("Command1"), QStringLiteral("Add scene..."), Frame1);
+    addSceneButton =
+        new CommandButton(QStringLiteral("Command1"), QStringLiteral("Add scene..."), scenesFrame);
 
-    Frame2 = new Frame(QStringLiteral("Frame2"), QString(), Frame1);
-    Label2 = makeLabel(QStringLiteral("Label2"), QStringLiteral("Name:"), Frame2);
-    txtName = new TextBox(QStringLiteral("txtName"), Frame2);
-    Label6 = makeLabel(QStringLiteral("Label6"), QStringLiteral("SSF File:"), Frame2);
-    txtSSF = new TextBox(QStringLiteral("txtSSF"), Frame2);
-    txtSSF->setLocked(true); // changes only through Command3
-    Command3 = new CommandButton(QStringLiteral("Command3"), QStringLiteral("..."), Frame2);
-    layOutFieldRows(Frame2, Label2, txtName, Label6, txtSSF, Command3);
+    sceneDetail = new Frame(QStringLiteral("Frame2"), QString(), scenesFrame);
+    nameLabel = makeLabel(QStringLiteral("Label2"), QStringLiteral("Name:"), sceneDetail);
+    txtName = new TextBox(QStringLiteral("txtName"), sceneDetail);
+    ssfLabel = makeLabel(QStringLiteral("Label6"), QStringLiteral("SSF File:"), sceneDetail);
+    txtSSF = new TextBox(QStringLiteral("txtSSF"), sceneDetail);
+    txtSSF->setLocked(true); // changes only through ssfChooser
+    ssfChooser = new CommandButton(QStringLiteral("Command3"), QStringLiteral("..."), sceneDetail);
+    layOutFieldRows(sceneDetail, nameLabel, txtName, ssfLabel, txtSSF, ssfChooser);
 
     auto* heads = new QHBoxLayout;
     heads->setSpacing(0);
-    heads->addWidget(Label1);
-    heads->addWidget(Label9, 1);
+    heads->addWidget(nameHead);
+    heads->addWidget(fileHead, 1);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
-    buttons->addWidget(Command1);
-    auto* scenes = new QVBoxLayout(Frame1);
+    buttons->addWidget(addSceneButton);
+    auto* scenes = new QVBoxLayout(scenesFrame);
     scenes->addLayout(heads);
     scenes->addWidget(lstScenes, 1);
     scenes->addLayout(buttons);
-    scenes->addWidget(Frame2);
-    layout->addWidget(Frame1, 1);
+    scenes->addWidget(sceneDetail);
+    layout->addWidget(scenesFrame, 1);
 
     alignColumnHeads();
 
-    // The designed state: the frames are disabled until New or an open (Frame2 until the
+    // The designed state: the frames are disabled until New or an open (sceneDetail until the
     // first selection of a row).
-    Frame4->setEnabled(false);
-    Frame1->setEnabled(false);
-    Frame2->setEnabled(false);
+    generalFrame->setEnabled(false);
+    scenesFrame->setEnabled(false);
+    sceneDetail->setEnabled(false);
 }
 
 void frmMainTSL::alignColumnHeads()
@@ -120,9 +123,9 @@ void frmMainTSL::alignColumnHeads()
     const int textStart =
         lstScenes->frameWidth() +
         lstScenes->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, lstScenes) + 1;
-    Label1->setContentsMargins(textStart, 0, 0, 0);
-    Label1->setFixedWidth(textStart + metrics.horizontalAdvance(QString(33, u' ')));
-    Label9->setContentsMargins(0, 0, 0, 0);
+    nameHead->setContentsMargins(textStart, 0, 0, 0);
+    nameHead->setFixedWidth(textStart + metrics.horizontalAdvance(QString(33, u' ')));
+    fileHead->setContentsMargins(0, 0, 0, 0);
     // Room for a name and a typical "..\rez\" file without scrolling.
     lstScenes->setMinimumWidth(textStart * 2 + metrics.horizontalAdvance(QString(60, u'M')));
 }
@@ -149,7 +152,7 @@ void frmMainTSL::connectEvents()
     ConnectFileCommands(&frmMainTSL::menNewTSL_Click, &frmMainTSL::menOpenTSL_Click,
                         &frmMainTSL::menSaveTSL_Click);
     connect(menEditSSF, &Menu::Click, this, &frmMainTSL::menEditSSF_Click);
-    connect(Command1, &CommandButton::Click, this, &frmMainTSL::Command1_Click);
-    connect(Command3, &CommandButton::Click, this, &frmMainTSL::Command3_Click);
-    connect(Command5, &CommandButton::Click, this, &frmMainTSL::Command5_Click);
+    connect(addSceneButton, &CommandButton::Click, this, &frmMainTSL::addScene);
+    connect(ssfChooser, &CommandButton::Click, this, &frmMainTSL::chooseSSF);
+    connect(worldChooser, &CommandButton::Click, this, &frmMainTSL::chooseWorld);
 }

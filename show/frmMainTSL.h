@@ -59,9 +59,9 @@ private:
 
     void menEditSSF_Click();
 
-    void Command1_Click();
-    void Command3_Click();
-    void Command5_Click();
+    void addScene();
+    void chooseSSF();
+    void chooseWorld();
 
     // txtName and txtSSF Change: the box's text into a field of the selected scene.
     void writeSelectedScene(QString clsScene::*field, const TextBox& box);
@@ -71,23 +71,23 @@ private:
     QString strCurrentFile;
 
     // --- controls, owned by the window through their Qt parents ---
-    Frame* Frame4 = nullptr;
-    QLabel* Label7 = nullptr;
+    Frame* generalFrame = nullptr;
+    QLabel* titleLabel = nullptr;
     TextBox* txtTitle = nullptr;
-    QLabel* Label3 = nullptr;
+    QLabel* worldLabel = nullptr;
     TextBox* txtWorld = nullptr;
-    CommandButton* Command5 = nullptr;
-    Frame* Frame1 = nullptr;
-    QLabel* Label1 = nullptr;
-    QLabel* Label9 = nullptr;
+    CommandButton* worldChooser = nullptr;
+    Frame* scenesFrame = nullptr;
+    QLabel* nameHead = nullptr;
+    QLabel* fileHead = nullptr;
     ListBox* lstScenes = nullptr;
-    CommandButton* Command1 = nullptr;
-    Frame* Frame2 = nullptr;
-    QLabel* Label2 = nullptr;
+    CommandButton* addSceneButton = nullptr;
+    Frame* sceneDetail = nullptr;
+    QLabel* nameLabel = nullptr;
     TextBox* txtName = nullptr;
-    QLabel* Label6 = nullptr;
+    QLabel* ssfLabel = nullptr;
     TextBox* txtSSF = nullptr;
-    CommandButton* Command3 = nullptr;
+    CommandButton* ssfChooser = nullptr;
 
     Menu* menDeleteScene = nullptr;
     Menu* menEditSSF = nullptr;

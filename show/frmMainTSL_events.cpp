@@ -50,7 +50,7 @@ void frmMainTSL::RefreshWindow()
     txtWorld->setText(objTSL->MainWorld);
     // No row is selected afterwards; the detail controls keep the last scene's texts, which
     // now belong to no scene.
-    Frame2->ShowOrphaned(true);
+    sceneDetail->ShowOrphaned(true);
     lstScenes->Clear();
     for (qint16 index = 0; index < objTSL->NumScenes(); ++index)
         lstScenes->AddItem(SceneRowText(index));
@@ -95,8 +95,8 @@ void frmMainTSL::lstScenes_Click()
     if (index == -1)
         return;
     ShowScene(index);
-    Frame2->setEnabled(true);
-    Frame2->ShowOrphaned(false);
+    sceneDetail->setEnabled(true);
+    sceneDetail->ShowOrphaned(false);
 }
 
 void frmMainTSL::lstScenes_KeyDown(int KeyCode)
@@ -112,7 +112,7 @@ void frmMainTSL::menDeleteScene_Click()
     // No question is asked. The detail controls keep the deleted scene's texts.
     objTSL->DeleteScene(lstScenes->ListIndex());
     lstScenes->RemoveItem(lstScenes->ListIndex());
-    Frame2->ShowOrphaned(true);
+    sceneDetail->ShowOrphaned(true);
 }
 
 // --- the File commands ---
@@ -123,8 +123,8 @@ void frmMainTSL::menNewTSL_Click()
     RefreshWindow();
     DocumentIsNew();
     strCurrentFile.clear();
-    Frame4->setEnabled(true);
-    Frame1->setEnabled(true);
+    generalFrame->setEnabled(true);
+    scenesFrame->setEnabled(true);
 }
 
 void frmMainTSL::menOpenTSL_Click()
@@ -145,8 +145,8 @@ bool frmMainTSL::OpenTSL(const QString& strFileName)
     objTSL = std::move(loaded);
     strCurrentFile = strFileName;
     RefreshWindow();
-    Frame4->setEnabled(true);
-    Frame1->setEnabled(true);
+    generalFrame->setEnabled(true);
+    scenesFrame->setEnabled(true);
     DocumentOpened(strCurrentFile);
     return true;
 }
@@ -173,21 +173,21 @@ void frmMainTSL::menEditSSF_Click()
 
 // --- the buttons ---
 
-void frmMainTSL::Command1_Click()
+void frmMainTSL::addScene()
 {
     // A listing of more scenes would not load again.
     if (!objTSL || objTSL->NumScenes() >= Limits::MaxRecords)
         return;
     objTSL->AddScene(std::make_shared<clsScene>());
     lstScenes->AddItem(SceneRowText(lstScenes->ListCount()));
-    // The Click this raises shows the new, empty scene and enables Frame2.
+    // The Click this raises shows the new, empty scene and enables sceneDetail.
     lstScenes->setListIndex(lstScenes->ListCount() - 1);
 }
 
-void frmMainTSL::Command3_Click()
+void frmMainTSL::chooseSSF()
 {
     const QString file =
-        CommonDialog1.PickFile(QStringLiteral("Stage Scene Files (*.ssf)|*.ssf"), *Command3);
+        CommonDialog1.PickFile(QStringLiteral("Stage Scene Files (*.ssf)|*.ssf"), *ssfChooser);
     if (file.isEmpty()) // a cancel
         return;
     // Change carries it into the selected scene and its row, if there is one.
@@ -196,4 +196,4 @@ void frmMainTSL::Command3_Click()
     mdlGeneral::TakeCurrentDirFrom(file);
 }
 
-void frmMainTSL::Command5_Click() { ChooseWorld(*Command5, *txtWorld); }
+void frmMainTSL::chooseWorld() { PickWorld(*worldChooser, *txtWorld); }

@@ -32,7 +32,7 @@ void frmMainSSF::connectEvents()
             [this] { writeGeneralField(&clsSSF::Server, *txtServer); });
     connect(txtPort, &TextBox::Change, this,
             [this] { writeGeneralField(&clsSSF::Port, *txtPort); });
-    connect(Command5, &CommandButton::Click, this, &frmMainSSF::Command5_Click);
+    connect(worldChooser, &CommandButton::Click, this, &frmMainSSF::chooseWorld);
     connect(txtMainCamera, &ComboBox::DropDown, this, &frmMainSSF::txtMainCamera_DropDown);
     connect(txtMainCamera, &ComboBox::Click, this, &frmMainSSF::txtMainCamera_Click);
     ConnectFileCommands(&frmMainSSF::menNewSSF_Click, &frmMainSSF::menOpenSSF_Click,
@@ -54,8 +54,8 @@ bool frmMainSSF::OpenSSF(const QString& strFileName)
     objSSF = std::move(loaded);
     strCurrentFile = strFileName;
     RefreshWindow();
-    Frame4->setEnabled(true);
-    SSTab1->setEnabled(true);
+    generalFrame->setEnabled(true);
+    pageTabs->setEnabled(true);
     DocumentOpened(strCurrentFile);
     return true;
 }
@@ -70,7 +70,7 @@ void frmMainSSF::RefreshWindow()
 
     // No row is selected afterwards; the detail controls keep what they show, which now
     // belongs to no record.
-    for (Frame* detail : {Frame2, Frame8, Frame1})
+    for (Frame* detail : {puppetDetail, soundDetail, cameraDetail})
         detail->ShowOrphaned(true);
     lstPuppets->Clear();
     for (qint16 index = 0; index < objSSF->NumPuppets(); ++index)
@@ -141,8 +141,8 @@ void frmMainSSF::menNewSSF_Click()
     RefreshWindow();
     DocumentIsNew();
     strCurrentFile.clear();
-    Frame4->setEnabled(true);
-    SSTab1->setEnabled(true);
+    generalFrame->setEnabled(true);
+    pageTabs->setEnabled(true);
     txtWorld->SetFocus();
 }
 
@@ -161,4 +161,4 @@ void frmMainSSF::menSaveSSF_Click()
                  [this](const QString& file, QString* why) { return objSSF->Save(file, why); });
 }
 
-void frmMainSSF::Command5_Click() { ChooseWorld(*Command5, *txtWorld); }
+void frmMainSSF::chooseWorld() { PickWorld(*worldChooser, *txtWorld); }

@@ -70,7 +70,7 @@ private:
     void menNewSSF_Click();
     void menOpenSSF_Click();
     void menSaveSSF_Click();
-    void Command5_Click();
+    void chooseWorld();
     void txtMainCamera_DropDown();
     void txtMainCamera_Click();
     void writeGeneralField(QString clsSSF::*field, const TextBox& box);
@@ -95,14 +95,14 @@ private:
     Page<clsPuppet> PuppetPage();
     void connectPuppetPage();
     void ShowPuppet(qint16 index);
-    void Command3_Click();
+    void chooseRBT();
     void menEditRBT_Click();
 
     // --- the sound page (frmMainSSF_sounds.cpp) ---
     Page<clsSound> SoundPage();
     void connectSoundPage();
     void ShowSound(qint16 index);
-    void Command2_Click();
+    void chooseSoundFile();
     void chkType_Click();
 
     // --- the camera page (frmMainSSF_cameras.cpp) ---
@@ -120,20 +120,20 @@ private:
     QString strCurrentFile;
 
     // --- controls, owned by the window through their Qt parents ---
-    Frame* Frame4 = nullptr;
+    Frame* generalFrame = nullptr;
     TextBox* txtWorld = nullptr;
-    CommandButton* Command5 = nullptr;
+    CommandButton* worldChooser = nullptr;
     ComboBox* txtMainCamera = nullptr;
     TextBox* txtNickname = nullptr;
     TextBox* txtServer = nullptr;
     TextBox* txtPort = nullptr;
-    QTabWidget* SSTab1 = nullptr;
+    QTabWidget* pageTabs = nullptr;
 
     ListBox* lstPuppets = nullptr;
-    CommandButton* Command1 = nullptr;
-    Frame* Frame2 = nullptr;
+    CommandButton* addPuppetButton = nullptr;
+    Frame* puppetDetail = nullptr;
     TextBox* txtRBT = nullptr;
-    CommandButton* Command3 = nullptr;
+    CommandButton* rbtChooser = nullptr;
     TextBox* txtPosX = nullptr;
     TextBox* txtPosY = nullptr;
     TextBox* txtPosZ = nullptr;
@@ -145,17 +145,17 @@ private:
     TextBox* txtOrienZ = nullptr;
 
     ListBox* lstSounds = nullptr;
-    CommandButton* Command4 = nullptr;
-    Frame* Frame8 = nullptr;
+    CommandButton* addSoundButton = nullptr;
+    Frame* soundDetail = nullptr;
     TextBox* txtNameSound = nullptr;
     TextBox* txtFileSound = nullptr;
-    CommandButton* Command2 = nullptr;
+    CommandButton* soundFileChooser = nullptr;
     OptionButton* chkSound = nullptr;
     OptionButton* chkDialog = nullptr;
 
     ListBox* lstCameras = nullptr;
-    CommandButton* Command6 = nullptr;
-    Frame* Frame1 = nullptr;
+    CommandButton* addCameraButton = nullptr;
+    Frame* cameraDetail = nullptr;
     TextBox* txtCamera = nullptr;
     TextBox* txtPosXCam = nullptr;
     TextBox* txtPosYCam = nullptr;

@@ -7,19 +7,14 @@
 
 frmMainSSF::Page<clsCamera> frmMainSSF::CameraPage()
 {
-    return {lstCameras,
-            Frame1,
-            &clsSSF::AddCamera,
-            &clsSSF::DeleteCamera,
-            &clsSSF::Cameras,
-            &clsSSF::NumCameras,
-            &frmMainSSF::CameraRowText,
-            &frmMainSSF::ShowCamera};
+    return {
+        lstCameras,       cameraDetail,        &clsSSF::AddCamera,         &clsSSF::DeleteCamera,
+        &clsSSF::Cameras, &clsSSF::NumCameras, &frmMainSSF::CameraRowText, &frmMainSSF::ShowCamera};
 }
 
 void frmMainSSF::connectCameraPage()
 {
-    connectPage(CameraPage(), Command6, menDeleteCamera,
+    connectPage(CameraPage(), addCameraButton, menDeleteCamera,
                 {{txtCamera, &clsCamera::Name},
                  {txtPosXCam, &clsCamera::PositionX},
                  {txtPosYCam, &clsCamera::PositionY},

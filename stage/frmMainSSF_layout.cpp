@@ -145,45 +145,48 @@ void frmMainSSF::createControls()
     auto* layout = new QVBoxLayout(central);
     layout->addWidget(createGeneralInformation());
 
-    SSTab1 = new QTabWidget(central);
-    SSTab1->setObjectName(QStringLiteral("SSTab1"));
-    SSTab1->addTab(createPuppetPage(), QStringLiteral("Puppets"));
-    SSTab1->addTab(createSoundPage(), QStringLiteral("Sounds"));
-    SSTab1->addTab(createCameraPage(), QStringLiteral("Cameras"));
-    layout->addWidget(SSTab1, 1);
+    pageTabs = new QTabWidget(central);
+    pageTabs->setObjectName(QStringLiteral("SSTab1"));
+    pageTabs->addTab(createPuppetPage(), QStringLiteral("Puppets"));
+    pageTabs->addTab(createSoundPage(), QStringLiteral("Sounds"));
+    pageTabs->addTab(createCameraPage(), QStringLiteral("Cameras"));
+    layout->addWidget(pageTabs, 1);
 
     // The designed state: nothing can be used until New or an open.
-    Frame4->setEnabled(false);
-    SSTab1->setEnabled(false);
-    Frame2->setEnabled(false);
-    Frame8->setEnabled(false);
-    Frame1->setEnabled(false);
+    generalFrame->setEnabled(false);
+    pageTabs->setEnabled(false);
+    puppetDetail->setEnabled(false);
+    soundDetail->setEnabled(false);
+    cameraDetail->setEnabled(false);
 }
 
 QWidget* frmMainSSF::createGeneralInformation()
 {
-    Frame4 = new Frame(QStringLiteral("Frame4"), QStringLiteral("General information"), this);
-    txtWorld = new TextBox(QStringLiteral("txtWorld"), Frame4);
-    txtWorld->setLocked(true); // changes only through Command5
-    Command5 = makeChooser(QStringLiteral("Command5"), Frame4);
-    txtMainCamera = new ComboBox(QStringLiteral("txtMainCamera"), Frame4);
-    txtNickname = new TextBox(QStringLiteral("txtNickname"), Frame4);
-    txtServer = new TextBox(QStringLiteral("txtServer"), Frame4);
-    txtPort = new TextBox(QStringLiteral("txtPort"), Frame4);
+    generalFrame = new Frame(QStringLiteral("Frame4"), QStringLiteral("General information"), this);
+    txtWorld = new TextBox(QStringLiteral("txtWorld"), generalFrame);
+    txtWorld->setLocked(true); // changes only through worldChooser
+    worldChooser = makeChooser(QStringLiteral("Command5"), generalFrame);
+    txtMainCamera = new ComboBox(QStringLiteral("txtMainCamera"), generalFrame);
+    txtNickname = new TextBox(QStringLiteral("txtNickname"), generalFrame);
+    txtServer = new TextBox(QStringLiteral("txtServer"), generalFrame);
+    txtPort = new TextBox(QStringLiteral("txtPort"), generalFrame);
 
-    auto* grid = new QGridLayout(Frame4);
-    addFieldRow(grid, 0, makeLabel(QStringLiteral("Label7"), QStringLiteral("World Name"), Frame4),
-                txtWorld, Command5);
+    auto* grid = new QGridLayout(generalFrame);
+    addFieldRow(grid, 0,
+                makeLabel(QStringLiteral("Label7"), QStringLiteral("World Name"), generalFrame),
+                txtWorld, worldChooser);
     addFieldRow(grid, 1,
-                makeLabel(QStringLiteral("Label26"), QStringLiteral("Main camera"), Frame4),
+                makeLabel(QStringLiteral("Label26"), QStringLiteral("Main camera"), generalFrame),
                 txtMainCamera);
-    addFieldRow(grid, 2, makeLabel(QStringLiteral("Label1"), QStringLiteral("Nickname"), Frame4),
+    addFieldRow(grid, 2,
+                makeLabel(QStringLiteral("Label1"), QStringLiteral("Nickname"), generalFrame),
                 txtNickname);
-    addFieldRow(grid, 3, makeLabel(QStringLiteral("Label8"), QStringLiteral("Server"), Frame4),
+    addFieldRow(grid, 3,
+                makeLabel(QStringLiteral("Label8"), QStringLiteral("Server"), generalFrame),
                 txtServer);
-    addFieldRow(grid, 4, makeLabel(QStringLiteral("Label2"), QStringLiteral("Port"), Frame4),
+    addFieldRow(grid, 4, makeLabel(QStringLiteral("Label2"), QStringLiteral("Port"), generalFrame),
                 txtPort);
-    return Frame4;
+    return generalFrame;
 }
 
 QWidget* frmMainSSF::createPuppetPage()
@@ -197,37 +200,38 @@ QWidget* frmMainSSF::createPuppetPage()
                                       {"Label4", "Scale", 47},
                                       {"Label5", "Orientation", 63}},
                                      page);
-    Command1 = new CommandButton(QStringLiteral("Command1"), QStringLiteral("Add puppet..."), page);
+    addPuppetButton =
+        new CommandButton(QStringLiteral("Command1"), QStringLiteral("Add puppet..."), page);
 
-    Frame2 = new Frame(QStringLiteral("Frame2"), QString(), page);
-    txtRBT = new TextBox(QStringLiteral("txtRBT"), Frame2);
-    txtRBT->setLocked(true); // changes only through Command3
-    Command3 = makeChooser(QStringLiteral("Command3"), Frame2);
+    puppetDetail = new Frame(QStringLiteral("Frame2"), QString(), page);
+    txtRBT = new TextBox(QStringLiteral("txtRBT"), puppetDetail);
+    txtRBT->setLocked(true); // changes only through rbtChooser
+    rbtChooser = makeChooser(QStringLiteral("Command3"), puppetDetail);
     auto* fileRow = new QGridLayout;
     addFieldRow(fileRow, 0,
-                makeLabel(QStringLiteral("Label6"), QStringLiteral("RBT File:"), Frame2), txtRBT,
-                Command3);
+                makeLabel(QStringLiteral("Label6"), QStringLiteral("RBT File:"), puppetDetail),
+                txtRBT, rbtChooser);
     auto* triples = new QHBoxLayout;
     triples->addWidget(tripleFrame("Frame6", "Position", QStringLiteral("0.0"),
                                    {{"Label11", "txtPosX", txtPosX},
                                     {"Label12", "txtPosY", txtPosY},
                                     {"Label13", "txtPosZ", txtPosZ}},
-                                   Frame2));
+                                   puppetDetail));
     triples->addWidget(tripleFrame("Frame3", "Scale", QStringLiteral("1.0"),
                                    {{"Label10", "txtScaleX", txtScaleX},
                                     {"Label14", "txtScaleY", txtScaleY},
                                     {"Label15", "txtScaleZ", txtScaleZ}},
-                                   Frame2));
+                                   puppetDetail));
     triples->addWidget(tripleFrame("Frame5", "Orientation", QStringLiteral("0.0"),
                                    {{"Label16", "txtOrienX", txtOrienX},
                                     {"Label17", "txtOrienY", txtOrienY},
                                     {"Label18", "txtOrienZ", txtOrienZ}},
-                                   Frame2));
-    auto* detail = new QVBoxLayout(Frame2);
+                                   puppetDetail));
+    auto* detail = new QVBoxLayout(puppetDetail);
     detail->addLayout(fileRow);
     detail->addLayout(triples);
 
-    layOutPage(page, heads, lstPuppets, Command1, Frame2);
+    layOutPage(page, heads, lstPuppets, addPuppetButton, puppetDetail);
     return page;
 }
 
@@ -239,14 +243,15 @@ QWidget* frmMainSSF::createSoundPage()
     QHBoxLayout* heads = columnHeads(
         lstSounds, {{"Label20", "Name", 1}, {"Label19", "File", 28}, {"Label22", "Type", 66}},
         page);
-    Command4 = new CommandButton(QStringLiteral("Command4"), QStringLiteral("Add sound..."), page);
+    addSoundButton =
+        new CommandButton(QStringLiteral("Command4"), QStringLiteral("Add sound..."), page);
 
-    Frame8 = new Frame(QStringLiteral("Frame8"), QString(), page);
-    txtNameSound = new TextBox(QStringLiteral("txtNameSound"), Frame8);
-    txtFileSound = new TextBox(QStringLiteral("txtFileSound"), Frame8);
-    txtFileSound->setLocked(true); // changes only through Command2
-    Command2 = makeChooser(QStringLiteral("Command2"), Frame8);
-    auto* frame9 = new Frame(QStringLiteral("Frame9"), QStringLiteral("Type"), Frame8);
+    soundDetail = new Frame(QStringLiteral("Frame8"), QString(), page);
+    txtNameSound = new TextBox(QStringLiteral("txtNameSound"), soundDetail);
+    txtFileSound = new TextBox(QStringLiteral("txtFileSound"), soundDetail);
+    txtFileSound->setLocked(true); // changes only through soundFileChooser
+    soundFileChooser = makeChooser(QStringLiteral("Command2"), soundDetail);
+    auto* frame9 = new Frame(QStringLiteral("Frame9"), QStringLiteral("Type"), soundDetail);
     chkSound = new OptionButton(QStringLiteral("chkSound"), QStringLiteral("Sound"), frame9);
     chkDialog = new OptionButton(QStringLiteral("chkDialog"), QStringLiteral("Dialog"), frame9);
     auto* options = new QVBoxLayout(frame9);
@@ -254,15 +259,15 @@ QWidget* frmMainSSF::createSoundPage()
     options->addWidget(chkDialog);
 
     auto* grid = new QGridLayout;
-    addFieldRow(grid, 0, makeLabel(QStringLiteral("Label21"), QStringLiteral("Name:"), Frame8),
+    addFieldRow(grid, 0, makeLabel(QStringLiteral("Label21"), QStringLiteral("Name:"), soundDetail),
                 txtNameSound);
-    addFieldRow(grid, 1, makeLabel(QStringLiteral("Label30"), QStringLiteral("File:"), Frame8),
-                txtFileSound, Command2);
-    auto* detail = new QHBoxLayout(Frame8);
+    addFieldRow(grid, 1, makeLabel(QStringLiteral("Label30"), QStringLiteral("File:"), soundDetail),
+                txtFileSound, soundFileChooser);
+    auto* detail = new QHBoxLayout(soundDetail);
     detail->addLayout(grid, 1);
     detail->addWidget(frame9);
 
-    layOutPage(page, heads, lstSounds, Command4, Frame8);
+    layOutPage(page, heads, lstSounds, addSoundButton, soundDetail);
     return page;
 }
 
@@ -275,29 +280,31 @@ QWidget* frmMainSSF::createCameraPage()
         lstCameras,
         {{"Label37", "Name", 1}, {"Label36", "Position", 43}, {"Label34", "Orientation", 63}},
         page);
-    Command6 = new CommandButton(QStringLiteral("Command6"), QStringLiteral("Add camera..."), page);
+    addCameraButton =
+        new CommandButton(QStringLiteral("Command6"), QStringLiteral("Add camera..."), page);
 
-    Frame1 = new Frame(QStringLiteral("Frame1"), QString(), page);
-    txtCamera = new TextBox(QStringLiteral("txtCamera"), Frame1);
+    cameraDetail = new Frame(QStringLiteral("Frame1"), QString(), page);
+    txtCamera = new TextBox(QStringLiteral("txtCamera"), cameraDetail);
     auto* nameRow = new QGridLayout;
-    addFieldRow(nameRow, 0, makeLabel(QStringLiteral("Label33"), QStringLiteral("Name"), Frame1),
+    addFieldRow(nameRow, 0,
+                makeLabel(QStringLiteral("Label33"), QStringLiteral("Name"), cameraDetail),
                 txtCamera);
     auto* triples = new QHBoxLayout;
     triples->addWidget(tripleFrame("Frame11", "Position", QStringLiteral("0.0"),
                                    {{"Label29", "txtPosXCam", txtPosXCam},
                                     {"Label31", "txtPosYCam", txtPosYCam},
                                     {"Label32", "txtPosZCam", txtPosZCam}},
-                                   Frame1));
+                                   cameraDetail));
     triples->addWidget(tripleFrame("Frame7", "Orientation", QStringLiteral("0.0"),
                                    {{"Label25", "txtOriXCam", txtOriXCam},
                                     {"Label24", "txtOriYCam", txtOriYCam},
                                     {"Label23", "txtOriZCam", txtOriZCam}},
-                                   Frame1));
-    auto* detail = new QVBoxLayout(Frame1);
+                                   cameraDetail));
+    auto* detail = new QVBoxLayout(cameraDetail);
     detail->addLayout(nameRow);
     detail->addLayout(triples);
 
-    layOutPage(page, heads, lstCameras, Command6, Frame1);
+    layOutPage(page, heads, lstCameras, addCameraButton, cameraDetail);
     return page;
 }
 

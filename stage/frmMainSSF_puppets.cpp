@@ -10,19 +10,14 @@
 
 frmMainSSF::Page<clsPuppet> frmMainSSF::PuppetPage()
 {
-    return {lstPuppets,
-            Frame2,
-            &clsSSF::AddPuppet,
-            &clsSSF::DeletePuppet,
-            &clsSSF::Puppets,
-            &clsSSF::NumPuppets,
-            &frmMainSSF::PuppetRowText,
-            &frmMainSSF::ShowPuppet};
+    return {
+        lstPuppets,       puppetDetail,        &clsSSF::AddPuppet,         &clsSSF::DeletePuppet,
+        &clsSSF::Puppets, &clsSSF::NumPuppets, &frmMainSSF::PuppetRowText, &frmMainSSF::ShowPuppet};
 }
 
 void frmMainSSF::connectPuppetPage()
 {
-    connectPage(PuppetPage(), Command1, menDeletePuppet,
+    connectPage(PuppetPage(), addPuppetButton, menDeletePuppet,
                 {{txtRBT, &clsPuppet::RBT},
                  {txtPosX, &clsPuppet::PositionX},
                  {txtPosY, &clsPuppet::PositionY},
@@ -33,7 +28,7 @@ void frmMainSSF::connectPuppetPage()
                  {txtOrienX, &clsPuppet::OrientationX},
                  {txtOrienY, &clsPuppet::OrientationY},
                  {txtOrienZ, &clsPuppet::OrientationZ}});
-    connect(Command3, &CommandButton::Click, this, &frmMainSSF::Command3_Click);
+    connect(rbtChooser, &CommandButton::Click, this, &frmMainSSF::chooseRBT);
     connect(menEditRBT, &Menu::Click, this, &frmMainSSF::menEditRBT_Click);
 }
 
@@ -54,12 +49,12 @@ void frmMainSSF::ShowPuppet(qint16 index)
     txtOrienZ->setText(puppet->OrientationZ);
 }
 
-void frmMainSSF::Command3_Click()
+void frmMainSSF::chooseRBT()
 {
     // A rig binding file is stored as "..\rez\" and its bare name. The first one picked
     // also sets the base directory of the run, where the binding manager looks for it.
     const QString file = ChooseFile(QStringLiteral("Rig Binding Tool Files (*.rbt)|*.rbt"),
-                                    *Command3, QStringLiteral("..\\rez\\"), *txtRBT);
+                                    *rbtChooser, QStringLiteral("..\\rez\\"), *txtRBT);
     if (!file.isEmpty())
         mdlGeneral::TakeCurrentDirFrom(file);
 }

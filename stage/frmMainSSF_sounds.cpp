@@ -10,21 +10,15 @@
 
 frmMainSSF::Page<clsSound> frmMainSSF::SoundPage()
 {
-    return {lstSounds,
-            Frame8,
-            &clsSSF::AddSound,
-            &clsSSF::DeleteSound,
-            &clsSSF::Sounds,
-            &clsSSF::NumSounds,
-            &frmMainSSF::SoundRowText,
-            &frmMainSSF::ShowSound};
+    return {lstSounds,       soundDetail,        &clsSSF::AddSound,         &clsSSF::DeleteSound,
+            &clsSSF::Sounds, &clsSSF::NumSounds, &frmMainSSF::SoundRowText, &frmMainSSF::ShowSound};
 }
 
 void frmMainSSF::connectSoundPage()
 {
-    connectPage(SoundPage(), Command4, menDeleteSound,
+    connectPage(SoundPage(), addSoundButton, menDeleteSound,
                 {{txtNameSound, &clsSound::Name}, {txtFileSound, &clsSound::File}});
-    connect(Command2, &CommandButton::Click, this, &frmMainSSF::Command2_Click);
+    connect(soundFileChooser, &CommandButton::Click, this, &frmMainSSF::chooseSoundFile);
     connect(chkSound, &OptionButton::Click, this, &frmMainSSF::chkType_Click);
     connect(chkDialog, &OptionButton::Click, this, &frmMainSSF::chkType_Click);
 }
@@ -44,10 +38,10 @@ void frmMainSSF::ShowSound(qint16 index)
         chkDialog->setValue(true);
 }
 
-void frmMainSSF::Command2_Click()
+void frmMainSSF::chooseSoundFile()
 {
     // Unlike the puppet's chooser, this one leaves the base directory alone.
-    ChooseFile(QStringLiteral("WAV Files (*.wav)|*.wav"), *Command2,
+    ChooseFile(QStringLiteral("WAV Files (*.wav)|*.wav"), *soundFileChooser,
                QStringLiteral("..\\rez\\sounds\\"), *txtFileSound);
 }
 

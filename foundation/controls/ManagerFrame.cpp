@@ -144,7 +144,7 @@ void ManagerFrame::SaveDocument(QString& currentFile,
     writeCaption(currentFile);
 }
 
-void ManagerFrame::ChooseWorld(CommandButton& chooser, TextBox& worldBox)
+void ManagerFrame::PickWorld(CommandButton& chooser, TextBox& worldBox)
 {
     const QString file =
         CommonDialog1.PickFile(QStringLiteral("LithTech world dat file (*.dat)|*.dat"), chooser);

@@ -83,7 +83,7 @@ protected:
     // The world button ("..."): the file picked goes into `worldBox` as a world reference,
     // "..\rez\worlds\" and its name less the last four characters, whatever they are, in two
     // writes, each raising the box's Change. A cancel changes nothing.
-    void ChooseWorld(CommandButton& chooser, TextBox& worldBox);
+    void PickWorld(CommandButton& chooser, TextBox& worldBox);
 
     // "<designed caption> - <name>", the name as it is.
     void writeCaption(const QString& name);

@@ -1,5 +1,6 @@
 #include "app/Suite.h"
 
+#include "foundation/FileAccess.h"
 #include "foundation/controls/QtDialogService.h"
 #include "foundation/mdlGeneral.h"
 #include "rig/frmMainRBT.h"
@@ -7,6 +8,7 @@
 #include "stage/frmMainSSF.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 Suite::Suite(std::unique_ptr<DialogService> dialogs)
@@ -19,51 +21,75 @@ Suite::~Suite() = default;
 
 void Suite::Start() { ShowManager(Manager::RBT); }
 
-QStringList Suite::OpenFiles(const QStringList& paths)
+void Suite::OpenFiles(const QStringList& paths,
+                      const std::function<void(const QString&)>& reportFailure)
 {
-    QStringList failures;
+    bool shown = false;
     for (const QString& path : paths) {
-        const QString failure = OpenFile(path);
+        const QString failure = OpenFile(path, shown);
         if (!failure.isEmpty())
-            failures << failure;
+            reportFailure(path + QStringLiteral(": not opened; ") + failure);
     }
-    if (!m_rbt && !m_ssf && !m_tsl)
+    if (!shown)
         Start();
-    return failures;
 }
 
-QString Suite::OpenFile(const QString& path)
+namespace {
+
+// Why the file of that path is no document of the manager's kind; empty when it reads as one.
+// Read here before any window comes up, so a file that was never a document brings none.
+QString WhyNoDocument(Manager manager, const QString& path)
 {
-    const QFileInfo file(path);
-    const QString suffix = file.suffix().toLower();
+    QFile file;
+    QString why;
+    if (!FileAccess::OpenForReading(file, path, &why))
+        return why;
+    bool read = false;
+    switch (manager) {
+    case Manager::RBT:
+        read = clsRBT().Read(file, mdlGeneral::GetDirectory(path), &why);
+        break;
+    case Manager::SSF:
+        read = clsSSF().Read(file, &why);
+        break;
+    case Manager::TSL:
+        read = clsTSL().Read(file, &why);
+        break;
+    }
+    const QString kind = manager == Manager::RBT   ? QStringLiteral("rig binding table")
+                         : manager == Manager::SSF ? QStringLiteral("stage scene")
+                                                   : QStringLiteral("show listing");
+    return read ? QString() : QStringLiteral("it is no %1: %2").arg(kind, why);
+}
+
+} // namespace
+
+QString Suite::OpenFile(const QString& path, bool& shown)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
     const bool rbt = suffix == u"rbt";
     const bool ssf = suffix == u"ssf";
     if (!rbt && !ssf && suffix != u"tsl")
-        return path + QStringLiteral(": not opened; Troupe opens rig binding tables (.rbt), "
-                                     "stage scenes (.ssf) and show listings (.tsl)");
+        return QStringLiteral("Troupe opens rig binding tables (.rbt), stage scenes (.ssf) and "
+                              "show listings (.tsl)");
     const Manager manager = rbt ? Manager::RBT : ssf ? Manager::SSF : Manager::TSL;
+    const QString fullPath = QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath());
+    if (const QString why = WhyNoDocument(manager, fullPath); !why.isEmpty())
+        return why;
 
-    // The manager comes up first, so that a message about the file stands over it, and
-    // closing that message never leaves the run without a window.
-    ShowManager(manager);
-    if (!file.isFile())
-        return path + QStringLiteral(": not opened; there is no such file");
-
-    // As the Open command does: the first file sets the base directory of the run, and the
-    // manager is handed the bare name, which it looks for there.
-    const QString fullPath = QDir::toNativeSeparators(file.absoluteFilePath());
+    // As the Open command does: the first file that opens sets the base folder of the run,
+    // and the manager is handed the bare name, which it looks for there.
     mdlGeneral::TakeCurrentDirFrom(fullPath);
-    if (Open(manager, mdlGeneral::GetFileName(fullPath)))
-        return {};
     if (mdlGeneral::GetDirectory(fullPath) != mdlGeneral::strCurrentDir)
-        return path +
-               QStringLiteral(": not opened; every file of a run is opened from the folder "
-                              "of the first, ") +
-               mdlGeneral::strCurrentDir;
-    const QString kind = rbt   ? QStringLiteral("rig binding table")
-                         : ssf ? QStringLiteral("stage scene")
-                               : QStringLiteral("show listing");
-    return path + QStringLiteral(": not opened; it cannot be read as a ") + kind;
+        return QStringLiteral("it is not in the base folder of this run, %1, where every "
+                              "rig binding, scene and listing of the run is opened from")
+            .arg(mdlGeneral::strCurrentDir);
+    // The manager comes up first, so that a message of its open stands over it.
+    ShowManager(manager);
+    shown = true;
+    if (!Open(manager, mdlGeneral::GetFileName(fullPath)))
+        return QStringLiteral("the manager could not open it (see its message)");
+    return {};
 }
 
 bool Suite::Open(Manager manager, const QString& strFileName)

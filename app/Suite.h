@@ -8,6 +8,7 @@
 
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 
 class frmMainRBT;
@@ -29,10 +30,12 @@ public:
     void Start();
 
     // Opens each file in the manager of its extension as if it had been picked in that
-    // manager's Open dialog, and shows that manager. Gives one line for each file that did
-    // not open, naming it and why; the others open all the same. Where no manager was shown
-    // (only unknown files), the suite starts as without files.
-    QStringList OpenFiles(const QStringList& paths);
+    // manager's Open dialog, and shows that manager. Each file that does not open is reported
+    // at once, in one line naming it and why, and brings up no window; the others open all
+    // the same. The first file that opens sets the base folder of the run. Where no manager
+    // was shown, the suite starts as without files.
+    void OpenFiles(const QStringList& paths,
+                   const std::function<void(const QString&)>& reportFailure);
 
     void ShowManager(Manager manager) override;
     void HandOver(Manager manager, const std::optional<QString>& strFileName) override;
@@ -46,8 +49,9 @@ private:
     // Opens the bare name in the base directory in the manager of that kind; True when it
     // opened.
     bool Open(Manager manager, const QString& strFileName);
-    // Why the file of that full path did not open in its manager.
-    QString OpenFile(const QString& path);
+    // Why the file did not open in its manager; empty when it did. `shown` becomes true
+    // when its manager was shown.
+    QString OpenFile(const QString& path, bool& shown);
 
     // The dialogs outlive the windows that hold a reference to them: members are destroyed
     // in reverse order.

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QStringDecoder>
 
 #include <cstdio>
 #include <cstring>
@@ -23,6 +24,20 @@ bool onlyAsksForText(int argc, char* argv[])
         }
     }
     return false;
+}
+
+// The arguments whose bytes are no UTF-8, as Qt hands them on: Qt cannot open a file of
+// such a name, since its name no longer leads back to the bytes.
+QStringList NamesNotInUtf8(int argc, char* argv[])
+{
+    QStringList names;
+    for (int i = 1; i < argc; ++i) {
+        QStringDecoder utf8(QStringDecoder::Utf8);
+        const QString decoded = utf8(QByteArrayView(argv[i]));
+        if (utf8.hasError())
+            names << decoded;
+    }
+    return names;
 }
 
 } // namespace
@@ -44,20 +59,34 @@ int main(int argc, char* argv[])
     parser.addPositionalArgument(
         QStringLiteral("files"),
         QStringLiteral("Files to open, each in its manager: .rbt, .ssf or .tsl. The folder of "
-                       "the first is the base folder of the run."),
+                       "the first file that opens is the base folder of the run: the managers "
+                       "open every rig binding, scene and listing from there, so a later file "
+                       "from another folder is not opened."),
         QStringLiteral("[FILE...]"));
     parser.process(*app);
 
+    // Each file that does not open is named at once, before any window comes up.
+    bool failed = false;
+    const auto reportFailure = [&failed](const QString& line) {
+        std::fprintf(stderr, "troupe: %s\n", qPrintable(line));
+        std::fflush(stderr);
+        failed = true;
+    };
+    QStringList files;
+    const QStringList invalid = NamesNotInUtf8(argc, argv);
+    for (const QString& file : parser.positionalArguments()) {
+        if (invalid.contains(file))
+            reportFailure(file + QStringLiteral(": not opened; its name is not valid UTF-8, "
+                                                "and Troupe cannot open a file of such a name"));
+        else
+            files << file;
+    }
+
     Suite suite;
-    const QStringList positional = parser.positionalArguments();
-    QStringList failures;
-    if (positional.isEmpty())
+    if (parser.positionalArguments().isEmpty())
         suite.Start();
     else
-        failures = suite.OpenFiles(positional);
-    for (const QString& failure : failures)
-        std::fprintf(stderr, "troupe: %s\n", qPrintable(failure));
-
+        suite.OpenFiles(files, reportFailure);
     const int status = QCoreApplication::exec();
-    return failures.isEmpty() ? status : 1;
+    return failed ? 1 : status;
 }

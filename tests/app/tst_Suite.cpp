@@ -12,6 +12,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -49,7 +51,8 @@ private slots:
         auto scripted = std::make_unique<ScriptedDialogService>();
         const QStringList& messages = scripted->messages();
         Suite suite(std::move(scripted));
-        QVERIFY(suite.OpenFiles({Examples + u"midnight.tsl"_s}).isEmpty());
+        suite.OpenFiles({Examples + u"midnight.tsl"_s},
+                        [](const QString& line) { QFAIL(qPrintable(line)); });
         WindowDriver show(shown<frmMainTSL>());
         show.pickRow(u"lstScenes"_s, 0);
         show.trigger(u"menEditSSF"_s);
@@ -73,38 +76,55 @@ private slots:
     void filesOnTheCommandLine_data()
     {
         QVERIFY(QFile::copy(Examples + u"midnight.tsl"_s, m_elsewhere.filePath(u"x.tsl"_s)));
+        QVERIFY(mkfifo(QFile::encodeName(m_elsewhere.filePath(u"fifo.ssf"_s)).constData(), 0600) ==
+                0);
+        QVERIFY(
+            QFile::link(m_elsewhere.filePath(u"loop.rbt"_s), m_elsewhere.filePath(u"loop.rbt"_s)));
+        QFile binary(m_elsewhere.filePath(u"binary.rbt"_s));
+        QVERIFY(binary.open(QIODevice::WriteOnly) && binary.write("\x7f"
+                                                                  "ELF\x02\x01") > 0);
         QTest::addColumn<QString>("files");    // in the examples; "@x.tsl" lies in another folder
-        QTest::addColumn<QString>("failing");  // the files named in the failures, in order
+        QTest::addColumn<QString>("failures"); // "file: why" of each file that did not open
         QTest::addColumn<QString>("managers"); // state of the rbt, ssf and tsl managers after
         QTest::newRow("one of each kind") << u"midnight.tsl act2.ssf drum.rbt"_s << QString()
                                           << u"drum.rbt act2.ssf midnight.tsl"_s;
-        QTest::newRow("bad ones named, others open")
-            << u"sounds/knock1.wav gone.ssf act3.ssf"_s << u"sounds/knock1.wav gone.ssf"_s
+        QTest::newRow("each bad one said as what it is, and no window for it")
+            << u"sounds/knock1.wav gone.ssf @fifo.ssf @loop.rbt @binary.rbt act3.ssf"_s
+            << u"knock1.wav: Troupe opens rig binding tables (.rbt), stage scenes (.ssf) and "
+               "show listings (.tsl)|gone.ssf: there is no such file|fifo.ssf: it is a FIFO|"
+               "loop.rbt: its symbolic links lead round in a loop|binary.rbt: it is no rig "
+               "binding table: line 1, column 2: Start tag expected."_s
             << u"none act3.ssf none"_s;
-        QTest::newRow("no xml; outside the first folder")
-            << u"models/crate.lta crate.rbt @x.tsl"_s << u"models/crate.lta @x.tsl"_s
-            << u"crate.rbt none -"_s;
-        QTest::newRow("only unknown files: as without files")
-            << u"models/crate.lta"_s << u"models/crate.lta"_s << u"- none none"_s;
+        QTest::newRow("a later file from another folder")
+            << u"crate.rbt @x.tsl"_s << u"x.tsl: it is not in the base folder of this run"_s
+            << u"crate.rbt none none"_s;
+        QTest::newRow("none opens: as without files")
+            << u"models/crate.lta"_s << u"crate.lta: Troupe opens"_s << u"- none none"_s;
     }
 
     void filesOnTheCommandLine()
     {
         QFETCH(QString, files);
-        QFETCH(QString, failing);
+        QFETCH(QString, failures);
         QFETCH(QString, managers);
-        const auto paths = [this](const QString& names) {
-            QStringList list;
-            for (const QString& name : names.split(u' ', Qt::SkipEmptyParts))
-                list << (name[0] == u'@' ? m_elsewhere.filePath(name.mid(1)) : Examples + name);
-            return list;
-        };
-        Suite suite(std::make_unique<ScriptedDialogService>());
+        QStringList paths;
+        for (const QString& name : files.split(u' ', Qt::SkipEmptyParts))
+            paths << (name[0] == u'@' ? m_elsewhere.filePath(name.mid(1)) : Examples + name);
+        auto scripted = std::make_unique<ScriptedDialogService>();
+        const QStringList& messages = scripted->messages();
+        Suite suite(std::move(scripted));
 
-        QStringList named; // each failure begins with the path it names
-        for (const QString& failure : suite.OpenFiles(paths(files)))
-            named << failure.section(u": "_s, 0, 0);
-        QCOMPARE(named, paths(failing));
+        QStringList reported;
+        suite.OpenFiles(paths, [&](const QString& line) { reported << line; });
+        const QStringList expected = failures.split(u'|', Qt::SkipEmptyParts);
+        QCOMPARE(reported.size(), expected.size());
+        for (qsizetype i = 0; i < expected.size(); ++i) {
+            const QString file = expected[i].section(u": "_s, 0, 0);
+            const QString why = expected[i].section(u": "_s, 1);
+            QVERIFY2(reported[i].contains(u'/' + file + u": not opened; "_s + why),
+                     qPrintable(reported[i]));
+        }
+        QCOMPARE(messages, QStringList()); // none of them brought up a message box
         QCOMPARE(QStringList({state<frmMainRBT>(), state<frmMainSSF>(), state<frmMainTSL>()}),
                  managers.split(u' '));
     }

@@ -2,6 +2,7 @@
 // document; with files it opens each in the manager of its kind.
 
 #include "app/Suite.h"
+#include "check/CheckCommand.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -12,12 +13,12 @@
 
 namespace {
 
-// --help and --version answer on a terminal without a display, so they make no window
-// system connection.
+// --help, --version and --check answer on a terminal without a display, so they make no
+// window system connection.
 bool onlyAsksForText(int argc, char* argv[])
 {
     for (int i = 1; i < argc && std::strcmp(argv[i], "--") != 0; ++i) {
-        for (const char* option : {"-h", "--help", "--help-all", "-v", "--version"}) {
+        for (const char* option : {"-h", "--help", "--help-all", "-v", "--version", "--check"}) {
             if (std::strcmp(argv[i], option) == 0)
                 return true;
         }
@@ -41,12 +42,21 @@ int main(int argc, char* argv[])
                        "rig binding tables, stage scenes and show listings."));
     parser.addHelpOption();
     parser.addVersionOption();
+    const QCommandLineOption check(
+        QStringLiteral("check"),
+        QStringLiteral("Check each file and every file it reaches for what would stop the show "
+                       "playing, print one line per problem and a summary, and open no window. "
+                       "Exit status 0 without errors, 1 with errors, 2 when a file cannot be "
+                       "read."));
+    parser.addOption(check);
     parser.addPositionalArgument(
         QStringLiteral("files"),
         QStringLiteral("Files to open, each in its manager: .rbt, .ssf or .tsl. The folder of "
                        "the first is the base folder of the run."),
         QStringLiteral("[FILE...]"));
     parser.process(*app);
+    if (parser.isSet(check))
+        return RunCheckCommand(parser.positionalArguments());
 
     Suite suite;
     const QStringList positional = parser.positionalArguments();

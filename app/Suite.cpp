@@ -1,5 +1,7 @@
 #include "app/Suite.h"
 
+#include "check/ShowCheck.h"
+#include "check/frmCheckReport.h"
 #include "foundation/FileAccess.h"
 #include "foundation/controls/QtDialogService.h"
 #include "foundation/mdlGeneral.h"
@@ -110,6 +112,65 @@ void Suite::HandOver(Manager manager, const std::optional<QString>& strFileName)
     if (strFileName)
         Open(manager, *strFileName);
     ShowManager(manager);
+}
+
+void Suite::Check(Manager manager)
+{
+    const auto& window = static_cast<const ManagerFrame&>(Window(manager));
+    // The base folder of the run; before it is set, the folder the document was opened from
+    // or saved to, else the working directory.
+    QString baseDir = mdlGeneral::strCurrentDir;
+    if (baseDir.isEmpty())
+        baseDir = !window.DocumentPath().isEmpty()
+                      ? mdlGeneral::GetDirectory(window.DocumentPath())
+                      : QDir::toNativeSeparators(QDir::currentPath() + u'/');
+    // A document without a file is named by the manager that holds it.
+    m_checked = {manager, !window.DocumentPath().isEmpty()
+                              ? window.DocumentPath()
+                              : QStringLiteral("<no name> in the ") +
+                                    window.windowTitle().section(QStringLiteral(" - "), 0, 0)};
+    ShowCheck check;
+    if (const clsRBT* rbt = manager == Manager::RBT ? RBTManager().Document() : nullptr)
+        check.CheckDocument(*rbt, m_checked.second, baseDir);
+    if (const clsSSF* ssf = manager == Manager::SSF ? SSFManager().Document() : nullptr)
+        check.CheckDocument(*ssf, m_checked.second, baseDir);
+    if (const clsTSL* tsl = manager == Manager::TSL ? TSLManager().Document() : nullptr)
+        check.CheckDocument(*tsl, m_checked.second, baseDir);
+    if (check.FilesChecked() == 0) {
+        m_dialogs->MsgBox(QStringLiteral("There is nothing to check yet: make a document with "
+                                         "New, or open one."));
+        return;
+    }
+    if (!m_report) {
+        m_report = std::make_unique<frmCheckReport>();
+        QObject::connect(m_report.get(), &frmCheckReport::OpenFile, m_report.get(),
+                         [this](const QString& file) { OpenFinding(file); });
+    }
+    m_report->ShowReport(mdlGeneral::GetFileName(m_checked.second), check);
+}
+
+void Suite::OpenFinding(const QString& file)
+{
+    // The document checked, or a file the manager of its kind already holds, is shown as it
+    // stands: opening it again would drop what is not saved.
+    if (file == m_checked.second)
+        return ShowManager(m_checked.first);
+    const QString suffix = QFileInfo(file).suffix().toLower();
+    const Manager manager = suffix == u"rbt"   ? Manager::RBT
+                            : suffix == u"ssf" ? Manager::SSF
+                                               : Manager::TSL;
+    const auto& window = static_cast<const ManagerFrame&>(Window(manager));
+    if (QFileInfo(window.DocumentPath()) == QFileInfo(file))
+        return ShowManager(manager);
+    // Like every open, by its name in the base folder.
+    mdlGeneral::TakeCurrentDirFrom(file);
+    if (mdlGeneral::GetDirectory(file) != mdlGeneral::strCurrentDir) {
+        m_dialogs->MsgBox(file + QStringLiteral(" is not in the base folder of this run, ") +
+                          mdlGeneral::strCurrentDir +
+                          QStringLiteral(", where the managers open every file from."));
+        return;
+    }
+    HandOver(manager, mdlGeneral::GetFileName(file));
 }
 
 frmMainRBT& Suite::RBTManager()

@@ -10,7 +10,9 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 
+class frmCheckReport;
 class frmMainRBT;
 class frmMainSSF;
 class frmMainTSL;
@@ -39,6 +41,7 @@ public:
 
     void ShowManager(Manager manager) override;
     void HandOver(Manager manager, const std::optional<QString>& strFileName) override;
+    void Check(Manager manager) override;
 
 private:
     frmMainRBT& RBTManager();
@@ -52,6 +55,9 @@ private:
     // Why the file did not open in its manager; empty when it did. `shown` becomes true
     // when its manager was shown.
     QString OpenFile(const QString& path, bool& shown);
+    // A finding's file, double-clicked in the check's report: the manager of its kind shows
+    // it, opened unless it is that manager's own document, which keeps what is unsaved.
+    void OpenFinding(const QString& file);
 
     // The dialogs outlive the windows that hold a reference to them: members are destroyed
     // in reverse order.
@@ -59,4 +65,7 @@ private:
     std::unique_ptr<frmMainRBT> m_rbt;
     std::unique_ptr<frmMainSSF> m_ssf;
     std::unique_ptr<frmMainTSL> m_tsl;
+    std::unique_ptr<frmCheckReport> m_report; // made at the first check
+    // The manager whose document the report shows, and the name of that document in it.
+    std::pair<Manager, QString> m_checked;
 };

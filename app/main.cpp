@@ -2,6 +2,7 @@
 // document; with files it opens each in the manager of its kind.
 
 #include "app/Suite.h"
+#include "check/CheckCommand.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -13,12 +14,12 @@
 
 namespace {
 
-// --help and --version answer on a terminal without a display, so they make no window
-// system connection.
+// --help, --version and --check answer on a terminal without a display, so they make no
+// window system connection.
 bool onlyAsksForText(int argc, char* argv[])
 {
     for (int i = 1; i < argc && std::strcmp(argv[i], "--") != 0; ++i) {
-        for (const char* option : {"-h", "--help", "--help-all", "-v", "--version"}) {
+        for (const char* option : {"-h", "--help", "--help-all", "-v", "--version", "--check"}) {
             if (std::strcmp(argv[i], option) == 0)
                 return true;
         }
@@ -56,6 +57,13 @@ int main(int argc, char* argv[])
                        "rig binding tables, stage scenes and show listings."));
     parser.addHelpOption();
     parser.addVersionOption();
+    const QCommandLineOption check(
+        QStringLiteral("check"),
+        QStringLiteral("Check each file and every file it reaches for what would stop the show "
+                       "playing, print one line per problem and a summary, and open no window. "
+                       "Exit status 0 without errors, 1 with errors, 2 when a file cannot be "
+                       "read."));
+    parser.addOption(check);
     parser.addPositionalArgument(
         QStringLiteral("files"),
         QStringLiteral("Files to open, each in its manager: .rbt, .ssf or .tsl. The folder of "
@@ -65,21 +73,29 @@ int main(int argc, char* argv[])
         QStringLiteral("[FILE...]"));
     parser.process(*app);
 
-    // Each file that does not open is named at once, before any window comes up.
+    // Each file that cannot be opened is named at once, before any window comes up.
     bool failed = false;
     const auto reportFailure = [&failed](const QString& line) {
         std::fprintf(stderr, "troupe: %s\n", qPrintable(line));
         std::fflush(stderr);
         failed = true;
     };
+    const QString badName = QStringLiteral("its name is not valid UTF-8, and Troupe cannot open "
+                                           "a file of such a name");
+    const bool checking = parser.isSet(check);
     QStringList files;
     const QStringList invalid = NamesNotInUtf8(argc, argv);
     for (const QString& file : parser.positionalArguments()) {
-        if (invalid.contains(file))
-            reportFailure(file + QStringLiteral(": not opened; its name is not valid UTF-8, "
-                                                "and Troupe cannot open a file of such a name"));
-        else
+        if (!invalid.contains(file))
             files << file;
+        else if (checking)
+            reportFailure(QStringLiteral("cannot check %1: %2").arg(file, badName));
+        else
+            reportFailure(QStringLiteral("%1: not opened; %2").arg(file, badName));
+    }
+    if (checking) {
+        const int status = failed && files.isEmpty() ? 2 : RunCheckCommand(files);
+        return failed ? 2 : status;
     }
 
     Suite suite;

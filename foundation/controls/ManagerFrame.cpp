@@ -78,6 +78,11 @@ void ManagerFrame::FinishSetUp(std::initializer_list<ManagerEntry> managers, QSi
                 m_links->ShowManager(manager);
         });
     }
+    Menu::AddSeparator(menTools, u"menSepCheck"_s);
+    connect(Menu::AddEntry(menTools, u"menCheck"_s, u"Check..."_s), &Menu::Click, this, [this] {
+        if (m_links)
+            m_links->Check(m_kind);
+    });
     ManagerWindow::SetUp(*this, designedSize.isValid() ? designedSize : sizeHint());
 }
 

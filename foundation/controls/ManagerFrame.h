@@ -48,7 +48,7 @@ protected:
     ManagerFrame(Manager kind, DialogService& dialogs, SuiteLinks* links, QWidget* parent);
 
     // Ends the set-up once the window's own controls and menus are made: the Tools menu
-    // last in the menu bar, the designed size (by default the size the layout asks for) as
+    // (the other managers, then "Check...") last in the menu bar, the designed size (by default the size the layout asks for) as
     // the least, the menu bar reachable from the keyboard.
     void FinishSetUp(std::initializer_list<ManagerEntry> managers, QSize designedSize = {});
 

@@ -9,6 +9,7 @@
 #include "tests/support/WindowDriver.h"
 
 #include <QApplication>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -70,6 +71,46 @@ private slots:
         rig.trigger(u"menSFFEditor"_s);
         QCOMPARE(shown<frmMainSSF>(), ssf);
         QCOMPARE(ssf->Document(), scene);
+        QCOMPARE(messages, QStringList());
+    }
+
+    // Check... in a manager checks its document as it stands; a double-click on a finding
+    // shows that document's manager without opening it again, or opens another file in its.
+    void aCheckFromAManagerAndItsFindingsOpened()
+    {
+        auto scripted = std::make_unique<ScriptedDialogService>();
+        const QStringList& messages = scripted->messages();
+        Suite suite(std::move(scripted));
+        suite.OpenFiles({Examples + u"act1.ssf"_s},
+                        [](const QString& line) { QFAIL(qPrintable(line)); });
+        frmMainSSF* ssf = shown<frmMainSSF>();
+        WindowDriver stage(ssf);
+        stage.pickRow(u"lstPuppets"_s, 0);
+        stage.type(u"txtPosX"_s, u"o"_s); // "0.0o", unsaved
+        stage.trigger(u"menCheck"_s);
+
+        QWidget* report = nullptr;
+        for (QWidget* top : QApplication::topLevelWidgets())
+            report = top->objectName() == u"frmCheckReport"_s ? top : report;
+        QVERIFY(report && report->isVisible());
+        auto* list = report->findChild<QTableWidget*>(u"lstFindings"_s);
+        QCOMPARE(list->item(0, 0)->text(), u"Error"_s);
+        QCOMPARE(list->item(0, 2)->text(), u"puppet 0"_s);
+        const auto open = [list](const QString& file) {
+            for (int row = 0; row < list->rowCount(); ++row)
+                if (list->item(row, 1)->text() == file) {
+                    list->setCurrentCell(row, 0);
+                    QTest::keyClick(list, Qt::Key_Return);
+                    return true;
+                }
+            return false;
+        };
+        const clsSSF* scene = ssf->Document();
+        QVERIFY(open(u"act1.ssf"_s));
+        QCOMPARE(ssf->Document(), scene);
+        QCOMPARE(scene->Puppets(0)->PositionX, u"0.0o"_s);
+        QVERIFY(open(u"crate.rbt"_s)); // the compiled model beside it is missing
+        QCOMPARE(state<frmMainRBT>(), u"crate.rbt"_s);
         QCOMPARE(messages, QStringList());
     }
 

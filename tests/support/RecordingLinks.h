@@ -1,6 +1,7 @@
 #pragma once
 // The other managers as a window test sees them: every request recorded in order, "RBT",
-// "SSF", "TSL" for a manager shown, "rbt <file>", "ssf <file>" for a hand-over ("-": none).
+// "SSF", "TSL" for a manager shown, "rbt <file>", "ssf <file>" for a hand-over ("-": none),
+// "check TSL" for a check of a manager's document.
 
 #include "foundation/controls/SuiteLinks.h"
 
@@ -19,4 +20,5 @@ struct RecordingLinks : SuiteLinks {
     {
         calls << Name(m).toLower() + u' ' + f.value_or(QStringLiteral("-"));
     }
+    void Check(Manager m) override { calls << QStringLiteral("check ") + Name(m); }
 };

@@ -1,8 +1,10 @@
 // `troupe`: the suite's program. Without files it shows the rig binding manager with no
-// document; with files it opens each in the manager of its kind.
+// document; with files it opens each in the manager of its kind. `--check` and `--plan` answer
+// on the terminal and open no window.
 
 #include "app/Suite.h"
 #include "check/CheckCommand.h"
+#include "plan/PlanCommand.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -11,16 +13,18 @@
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <string_view>
 
 namespace {
 
-// --help, --version and --check answer on a terminal without a display, so they make no
-// window system connection.
-bool onlyAsksForText(int argc, char* argv[])
+// True when one of `options` is on the command line, alone or with "=value".
+bool Asks(int argc, char* argv[], std::initializer_list<std::string_view> options)
 {
     for (int i = 1; i < argc && std::strcmp(argv[i], "--") != 0; ++i) {
-        for (const char* option : {"-h", "--help", "--help-all", "-v", "--version", "--check"}) {
-            if (std::strcmp(argv[i], option) == 0)
+        const std::string_view argument(argv[i]);
+        for (const std::string_view option : options) {
+            if (argument.starts_with(option) &&
+                (argument.size() == option.size() || argument[option.size()] == '='))
                 return true;
         }
     }
@@ -47,9 +51,16 @@ int main(int argc, char* argv[])
 {
     QCoreApplication::setApplicationName(QStringLiteral("Troupe"));
     QCoreApplication::setApplicationVersion(QStringLiteral(TROUPE_VERSION));
+    // The text options make no window system connection; a plan is drawn on Qt's offscreen
+    // platform, so none of them needs a display.
+    const bool plans = Asks(argc, argv, {"--plan", "--output"});
+    if (plans)
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const bool textOnly =
+        Asks(argc, argv, {"-h", "--help", "--help-all", "-v", "--version", "--check"});
     const std::unique_ptr<QCoreApplication> app =
-        onlyAsksForText(argc, argv) ? std::make_unique<QCoreApplication>(argc, argv)
-                                    : std::make_unique<QApplication>(argc, argv);
+        textOnly && !plans ? std::make_unique<QCoreApplication>(argc, argv)
+                           : std::make_unique<QApplication>(argc, argv);
 
     QCommandLineParser parser;
     parser.setApplicationDescription(
@@ -63,7 +74,15 @@ int main(int argc, char* argv[])
                        "playing, print one line per problem and a summary, and open no window. "
                        "Exit status 0 without errors, 1 with errors, 2 when a file cannot be "
                        "read."));
-    parser.addOption(check);
+    const QCommandLineOption plan(
+        QStringLiteral("plan"),
+        QStringLiteral("Draw the stage scene FILE.ssf from above into the picture named by "
+                       "--output, and open no window."),
+        QStringLiteral("FILE.ssf"));
+    const QCommandLineOption output(
+        QStringLiteral("output"), QStringLiteral("The picture --plan writes: a .svg or .png file."),
+        QStringLiteral("PLAN"));
+    parser.addOptions({check, plan, output});
     parser.addPositionalArgument(
         QStringLiteral("files"),
         QStringLiteral("Files to open, each in its manager: .rbt, .ssf or .tsl. The folder of "
@@ -82,9 +101,26 @@ int main(int argc, char* argv[])
     };
     const QString badName = QStringLiteral("its name is not valid UTF-8, and Troupe cannot open "
                                            "a file of such a name");
+    const QStringList invalid = NamesNotInUtf8(argc, argv);
+
+    if (parser.isSet(plan) || parser.isSet(output)) {
+        if (!parser.isSet(plan) || !parser.isSet(output) ||
+            !parser.positionalArguments().isEmpty()) {
+            reportFailure(QStringLiteral("a plan is asked for as --plan FILE.ssf --output "
+                                         "PLAN.svg (or PLAN.png)"));
+            return 1;
+        }
+        for (const QCommandLineOption& named : {plan, output}) {
+            if (invalid.contains(parser.value(named))) {
+                reportFailure(parser.value(named) + QStringLiteral(": ") + badName);
+                return 1;
+            }
+        }
+        return RunPlanCommand(parser.value(plan), parser.value(output));
+    }
+
     const bool checking = parser.isSet(check);
     QStringList files;
-    const QStringList invalid = NamesNotInUtf8(argc, argv);
     for (const QString& file : parser.positionalArguments()) {
         if (!invalid.contains(file))
             files << file;

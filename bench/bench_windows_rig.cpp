@@ -39,7 +39,7 @@ public:
     {
         return defaultText.endsWith(u'x') ? defaultText.chopped(1) : defaultText + u'x';
     }
-    bool AskYesNo(const QString&) override { return true; }
+    bool AskYesNo(const QString&) override { return false; } // no question is expected
 
     QStringList messages;
 };

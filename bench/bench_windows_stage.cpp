@@ -26,7 +26,7 @@ public:
     bool ShowSave(CommonDialog&) override { return false; }
     void MsgBox(const QString& text) override { qFatal("%s", qPrintable(text)); }
     QString InputBox(const QString&, const QString&) override { return {}; }
-    bool AskYesNo(const QString&) override { return true; }
+    bool AskYesNo(const QString&) override { return false; } // no question is expected
 };
 
 // Writes `scene` as `name` into a temporary directory that becomes the base directory.

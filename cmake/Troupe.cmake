@@ -59,6 +59,28 @@ function(troupe_core_library target)
     troupe_warnings(${target})
 endfunction()
 
+# A painting library: pictures drawn with QPainter, for windows and files alike. It may know
+# Qt Gui and core targets, never a widget, so a picture can be drawn with no window system:
+# linking anything that pulls in Widgets fails the configure step, and no widget header is on
+# its include path. It sees the foundation's core and its own folder, or the folders named by
+# SEES.
+function(troupe_gui_library target)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LIBS;SEES" ${ARGN})
+    foreach(lib IN LISTS ARG_LIBS)
+        if(lib MATCHES "Widgets|Qt6?::Test" OR lib MATCHES "_ui$")
+            message(FATAL_ERROR "painting target ${target} may not link ${lib}")
+        endif()
+    endforeach()
+    add_library(${target} STATIC ${ARG_SOURCES})
+    troupe_own_folder(own)
+    if(NOT ARG_SEES)
+        set(ARG_SEES foundation/core ${own})
+    endif()
+    troupe_include_root(${target} ${ARG_SEES})
+    target_link_libraries(${target} PUBLIC Qt6::Gui ${ARG_LIBS})
+    troupe_warnings(${target})
+endfunction()
+
 # A window library: windows and controls over Qt Widgets, standing on core targets. It sees
 # the foundation with its controls and its own folder, or the folders named by SEES: no
 # window folder sees another's.

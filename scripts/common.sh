@@ -6,7 +6,7 @@ BUILD="$ROOT/build"
 
 # The packages the build needs, checked one by one so a machine that has them all asks
 # nothing of apt.
-BUILD_PACKAGES=(g++ make cmake qt6-base-dev libbenchmark-dev)
+BUILD_PACKAGES=(g++ make cmake qt6-base-dev qt6-svg-dev libbenchmark-dev)
 # The validators of the desktop entry, the AppStream metainfo and the Debian package, run by
 # the tests.
 TEST_PACKAGES=(desktop-file-utils appstream lintian)

@@ -53,6 +53,7 @@ bool frmMainSSF::OpenSSF(const QString& strFileName)
     }
     objSSF = std::move(loaded);
     strCurrentFile = strFileName;
+    ShowSceneInPlan();
     RefreshWindow();
     generalFrame->setEnabled(true);
     pageTabs->setEnabled(true);
@@ -125,6 +126,7 @@ void frmMainSSF::txtMainCamera_Click()
     const QVariant idText = txtMainCamera->itemData(row, IdTextRole);
     objSSF->MainCamera =
         idText.isValid() ? idText.toString() : QString::number(txtMainCamera->ItemData(row));
+    RefreshPlan();
 }
 
 void frmMainSSF::writeGeneralField(QString clsSSF::*field, const TextBox& box)
@@ -141,6 +143,7 @@ void frmMainSSF::menNewSSF_Click()
     RefreshWindow();
     DocumentIsNew();
     strCurrentFile.clear();
+    ShowSceneInPlan();
     generalFrame->setEnabled(true);
     pageTabs->setEnabled(true);
     txtWorld->SetFocus();

@@ -6,6 +6,7 @@
 //   frmMainSSF_pages.cpp    the page mechanism that the three pages share
 //   frmMainSSF_puppets.cpp, frmMainSSF_sounds.cpp, frmMainSSF_cameras.cpp   one page each
 //   frmMainSSF_rows.cpp     the fixed-pitch row texts of the three lists
+//   frmMainSSF_plan.cpp     the stage plan beside the window, following the scene
 
 #include "foundation/controls/ManagerFrame.h"
 #include "stage/clsSSF.h"
@@ -22,6 +23,7 @@ class OptionButton;
 class QLabel;
 class QTabWidget;
 class TextBox;
+class frmStagePlan;
 
 class frmMainSSF : public ManagerFrame {
     Q_OBJECT
@@ -31,6 +33,7 @@ public:
     // the Tools entries and the hand-over do nothing). The window keeps both references.
     explicit frmMainSSF(DialogService& dialogs, SuiteLinks* links = nullptr,
                         QWidget* parent = nullptr);
+    ~frmMainSSF() override;
 
     // Opens the file of that bare name in `strCurrentDir` as the window's document. On
     // failure it shows its own message and keeps the document it had. Never shows the
@@ -110,6 +113,14 @@ private:
     void connectCameraPage();
     void ShowCamera(qint16 index);
 
+    // --- the stage plan (frmMainSSF_plan.cpp) ---
+    void menStagePlan_Click();
+    // The plan follows the scene: after every edit, and when New or Open replaces it.
+    void RefreshPlan();
+    void ShowSceneInPlan();
+    // A mark clicked in the plan: its record's page comes to the front with its row selected.
+    void SelectRecordOfMark(int kind, qint16 index);
+
     // --- row texts (frmMainSSF_rows.cpp) ---
     QString PuppetRowText(qint16 index) const;
     QString SoundRowText(qint16 index) const;
@@ -118,6 +129,7 @@ private:
     // --- state ---
     std::unique_ptr<clsSSF> objSSF; // none until the first New or open
     QString strCurrentFile;
+    std::unique_ptr<frmStagePlan> m_plan; // made when first asked for
 
     // --- controls, owned by the window through their Qt parents ---
     Frame* generalFrame = nullptr;
@@ -168,4 +180,5 @@ private:
     Menu* menEditRBT = nullptr;
     Menu* menDeleteSound = nullptr;
     Menu* menDeleteCamera = nullptr;
+    Menu* menStagePlan = nullptr;
 };

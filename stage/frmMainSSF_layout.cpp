@@ -9,6 +9,7 @@
 #include "foundation/controls/Menu.h"
 #include "foundation/controls/OptionButton.h"
 #include "foundation/controls/TextBox.h"
+#include "plan/frmStagePlan.h"
 #include "stage/frmMainSSF.h"
 
 #include <QGridLayout>
@@ -136,7 +137,11 @@ frmMainSSF::frmMainSSF(DialogService& dialogs, SuiteLinks* links, QWidget* paren
     QMainWindow::layout()->setSizeConstraint(QLayout::SetFixedSize);
     FinishSetUp({{Manager::RBT, QStringLiteral("RBT Manager")},
                  {Manager::TSL, QStringLiteral("TSL Manager")}});
+    menStagePlan = AddTool(QStringLiteral("menStagePlan"), QStringLiteral("Stage Plan"));
+    connect(menStagePlan, &Menu::Click, this, &frmMainSSF::menStagePlan_Click);
 }
+
+frmMainSSF::~frmMainSSF() = default;
 
 void frmMainSSF::createControls()
 {

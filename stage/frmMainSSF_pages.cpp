@@ -48,6 +48,7 @@ template <class Record> void frmMainSSF::AddRecord(const Page<Record>& page)
     // No dialog opens, for all the dots in the caption. Selecting the new row shows it.
     page.List->AddItem((this->*page.RowText)(static_cast<qint16>(page.List->ListCount())));
     page.List->setListIndex(page.List->ListCount() - 1);
+    RefreshPlan();
 }
 
 template <class Record> void frmMainSSF::SelectRow(const Page<Record>& page)
@@ -71,6 +72,7 @@ void frmMainSSF::WriteField(const Page<Record>& page, QString Record::*field, co
     if (const std::shared_ptr<Record> record = ((*objSSF).*page.RecordByIndex)(index)) {
         (*record).*field = box.Text();
         UpdateRow(page, static_cast<qint16>(index));
+        RefreshPlan();
     }
 }
 
@@ -84,6 +86,7 @@ template <class Record> void frmMainSSF::DeleteRow(const Page<Record>& page)
     ((*objSSF).*page.DocumentDelete)(static_cast<qint16>(index));
     page.List->RemoveItem(index);
     page.DetailFrame->ShowOrphaned(true);
+    RefreshPlan();
 }
 
 template <class Record> void frmMainSSF::UpdateRow(const Page<Record>& page, qint16 index)

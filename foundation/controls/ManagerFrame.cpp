@@ -65,7 +65,8 @@ Menu* ManagerFrame::addFileEntry(QMenu* menu, const QString& verb)
 
 void ManagerFrame::FinishSetUp(std::initializer_list<ManagerEntry> managers, QSize designedSize)
 {
-    QMenu* menTools = Menu::AddMenu(menuBar(), QStringLiteral("menTools"), QStringLiteral("Tools"));
+    QMenu* menTools = m_tools =
+        Menu::AddMenu(menuBar(), QStringLiteral("menTools"), QStringLiteral("Tools"));
     for (const ManagerEntry& entry : managers) {
         // The entry that shows the stage scene manager is `menSFFEditor`.
         const QString abbreviation = entry.Shows == Manager::SSF   ? u"SFF"_s
@@ -84,6 +85,11 @@ void ManagerFrame::FinishSetUp(std::initializer_list<ManagerEntry> managers, QSi
             m_links->Check(m_kind);
     });
     ManagerWindow::SetUp(*this, designedSize.isValid() ? designedSize : sizeHint());
+}
+
+Menu* ManagerFrame::AddTool(const QString& name, const QString& caption)
+{
+    return Menu::AddEntry(m_tools, name, caption);
 }
 
 std::optional<QString> ManagerFrame::ChooseDocument()

@@ -48,9 +48,12 @@ protected:
     ManagerFrame(Manager kind, DialogService& dialogs, SuiteLinks* links, QWidget* parent);
 
     // Ends the set-up once the window's own controls and menus are made: the Tools menu
-    // (the other managers, then "Check...") last in the menu bar, the designed size (by default the size the layout asks for) as
-    // the least, the menu bar reachable from the keyboard.
+    // (the other managers, then "Check...") last in the menu bar, the designed size (by default the
+    // size the layout asks for) as the least, the menu bar reachable from the keyboard.
     void FinishSetUp(std::initializer_list<ManagerEntry> managers, QSize designedSize = {});
+
+    // An entry of the window's own at the end of the Tools menu, made by FinishSetUp.
+    Menu* AddTool(const QString& name, const QString& caption);
 
     // The window's own New, Open and Save commands on the File menu's entries.
     template <class Window>
@@ -107,4 +110,5 @@ private:
     Menu* m_newEntry = nullptr;
     Menu* m_openEntry = nullptr;
     Menu* m_saveEntry = nullptr;
+    QMenu* m_tools = nullptr;
 };

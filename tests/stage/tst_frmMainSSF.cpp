@@ -1,6 +1,7 @@
 // The stage scene window driven as a user would: a session, bad files, the fixed-pitch rows.
 
 #include "foundation/mdlGeneral.h"
+#include "plan/PlanCanvas.h"
 #include "stage/frmMainSSF.h"
 #include "tests/support/RecordingLinks.h"
 #include "tests/support/ScriptedDialogService.h"
@@ -44,6 +45,7 @@ private slots:
     }
 
     void anAuthoringSession();
+    void thePlanFollowsTheSceneAndPicksItsRows();
     void aBadFileShowsTheOpenMessageAndKeepsTheShownScene();
     void rowsLineUpInFixedColumns_data();
     void rowsLineUpInFixedColumns();
@@ -138,6 +140,44 @@ void tst_frmMainSSF::anAuthoringSession()
     QCOMPARE(ui->rows(u"lstSounds"_s)[1].mid(27, 38).trimmed(), u"..\\rez\\sounds\\hello.wav"_s);
     QCOMPARE(ui->comboBox(u"txtMainCamera"_s)->currentText(), u"back"_s);
     QCOMPARE(ui->textBox(u"txtNickname"_s)->Text(), uR"(Ann & "Bo" <3> Zoë)"_s);
+}
+
+// The stage plan beside the window: a position typed moves its mark, a delete takes it away,
+// and a click on a mark selects the record's row on its page.
+void tst_frmMainSSF::thePlanFollowsTheSceneAndPicksItsRows()
+{
+    ui->trigger(u"menNewSSF"_s);
+    for (int i = 0; i < 2; ++i)
+        ui->click(u"Command1"_s); // two puppets at the origin
+    ui->trigger(u"menStagePlan"_s);
+    QWidget* plan = nullptr;
+    for (QWidget* top : QApplication::topLevelWidgets())
+        plan = top->objectName() == u"frmStagePlan"_s ? top : plan;
+    QVERIFY(plan && plan->isVisible());
+    auto* canvas = plan->findChild<PlanCanvas*>(u"picPlan"_s);
+    const auto markOf = [canvas](int puppet) {
+        for (const PlanMark& mark : canvas->Plan().Marks())
+            if (mark.record.kind == PlanRecord::Puppet && mark.record.index == puppet)
+                return std::optional(mark.position);
+        return std::optional<QPointF>();
+    };
+    QCOMPARE(markOf(1), std::optional(QPointF(0, 0)));
+
+    ui->clearText(u"txtPosX"_s); // the second puppet, the one selected
+    ui->type(u"txtPosX"_s, u"40"_s);
+    ui->clearText(u"txtPosZ"_s);
+    ui->type(u"txtPosZ"_s, u"-7.5"_s);
+    QCOMPARE(markOf(1), std::optional(QPointF(40, -7.5)));
+
+    // A click on the mark of the first puppet selects its row and shows it.
+    ui->pickRow(u"lstPuppets"_s, 1);
+    const QPoint at = canvas->View().ToScreen(*markOf(0)).toPoint();
+    QTest::mouseClick(canvas, Qt::LeftButton, {}, at);
+    QCOMPARE(ui->listBox(u"lstPuppets"_s)->ListIndex(), 0);
+    QCOMPARE(ui->textBox(u"txtPosX"_s)->Text(), u"0.0"_s);
+
+    ui->pressKey(u"lstPuppets"_s, Qt::Key_Delete);
+    QCOMPARE(canvas->Plan().Marks().size(), 1);
 }
 
 // A missing file, and one that fails at its first puppet.

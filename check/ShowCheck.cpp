@@ -72,16 +72,6 @@ std::optional<double> Number(const QString& text)
 // A path as a finding shows it: without "." or ".." steps, with native separators.
 QString Shown(const QString& path) { return QDir::toNativeSeparators(QDir::cleanPath(path)); }
 
-// What a dialog line's file is stored as, and its takes are found by: the file without its
-// extension and without the digits in front of it, cut at the last "." of the whole text.
-QString DialogStem(const QString& file)
-{
-    qsizetype k = file.lastIndexOf(u'.');
-    while (k >= 1 && file.at(k - 1) >= u'0' && file.at(k - 1) <= u'9')
-        --k;
-    return k > 0 ? file.left(k) : QString();
-}
-
 } // namespace
 
 bool ShowCheck::CheckFile(const QString& path, QString* why)
@@ -347,7 +337,7 @@ void ShowCheck::CheckSound(const clsSound& s, const QString& file, const QString
                   u"the sound file %1 is missing (looked for %2)"_s.arg(s.File, path));
     } else if (s.TypeSound == u"dialog") {
         // The run-time plays the stem's takes: stem.wav, or the stem, digits and .wav.
-        const QString stem = DialogStem(s.File);
+        const QString stem = StoredSoundFile(s);
         const QString folder = ShowFiles::RunTimePath(baseDir, mdlGeneral::GetDirectory(stem));
         const QString name = mdlGeneral::GetFileName(stem);
         if (stem.isEmpty())

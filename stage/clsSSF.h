@@ -58,3 +58,9 @@ private:
     RecordList<clsSound> m_sounds;
     RecordList<clsCamera> m_cameras;
 };
+
+// The text a sound's `file` is stored as, before its backslashes are doubled: a sound of type
+// exactly "sound" keeps its file name; any other type is a dialog line, stored without its
+// extension and without the digits in front of it, since the run-time picks the numbered takes
+// itself ("..\rez\sounds\hello07.wav" is stored "..\rez\sounds\hello").
+QString StoredSoundFile(const clsSound& s);

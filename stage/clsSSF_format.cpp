@@ -14,20 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The `file` attribute of a sound, before doubling. A sound of type exactly "sound" keeps its
-// file name; any other type is a dialog line, stored without its extension and without the
-// digits in front of it (the run-time picks the numbered takes itself). The cut is at the last
-// "." of the whole text, the directory part too.
-QString StoredSoundFile(const clsSound& s)
-{
-    if (s.TypeSound == u"sound")
-        return s.File;
-    qsizetype k = s.File.lastIndexOf(u'.'); // characters in front of the dot; -1 when none
-    while (k >= 1 && s.File.at(k - 1) >= u'0' && s.File.at(k - 1) <= u'9')
-        --k;
-    return k > 0 ? s.File.left(k) : QString();
-}
-
 // `File` from the undoubled `file` attribute: a dialog line gets its ".wav" back, not its
 // digits.
 QString LoadedSoundFile(const clsSound& s)
@@ -78,6 +64,17 @@ bool ReadCamera(const XmlNode& element, RecordList<clsCamera>& cameras, QString*
 }
 
 } // namespace
+
+QString StoredSoundFile(const clsSound& s)
+{
+    if (s.TypeSound == u"sound")
+        return s.File;
+    // The cut is at the last "." of the whole text, the directory part too.
+    qsizetype k = s.File.lastIndexOf(u'.'); // characters in front of the dot; -1 when none
+    while (k >= 1 && s.File.at(k - 1) >= u'0' && s.File.at(k - 1) <= u'9')
+        --k;
+    return k > 0 ? s.File.left(k) : QString();
+}
 
 bool clsSSF::Read(QIODevice& device, QString* why)
 {

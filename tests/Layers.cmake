@@ -13,7 +13,11 @@ set(rows
     "stage/frmMainSSF.cpp|\"rig/frmMainRBT.h\"|refused"                # one window folder, another
     "stage/frmMainSSF.cpp|\"show/clsTSL.h\"|refused"
     "stage/frmMainSSF.cpp|\"foundation/controls/ListBox.h\"|allowed"
-    "app/Suite.cpp|\"rig/frmMainRBT.h\"|allowed")
+    "app/Suite.cpp|\"rig/frmMainRBT.h\"|allowed"
+    "check/ShowCheck.cpp|\"rig/frmMainRBT.h\"|refused"              # the check's core, a window
+    "check/ShowCheck.cpp|\"stage/clsSSF.h\"|allowed"
+    "plan/PlanPainter.cpp|<QWidget>|refused"                           # painting, Qt's widgets
+    "plan/PlanPainter.cpp|<QPainter>|allowed")
 
 file(READ ${BUILD}/compile_commands.json commands)
 string(JSON count LENGTH "${commands}")

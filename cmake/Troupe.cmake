@@ -28,73 +28,49 @@ function(troupe_include_root target)
     target_include_directories(${target} PRIVATE ${root})
 endfunction()
 
-# The top folder of the project that holds the current CMakeLists.txt: "rig", "foundation".
-function(troupe_own_folder out)
-    file(RELATIVE_PATH own ${PROJECT_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
-    string(REGEX REPLACE "/.*" "" own "${own}")
-    set(${out} ${own} PARENT_SCOPE)
-endfunction()
-
-# A core library: documents, records, file formats, path services, the scanner. It may know
-# QtCore and other core targets, never a widget: linking anything that pulls in Gui or
-# Widgets fails the configure step, and a widget header, ours or Qt's, is not on its include
-# path. It sees the foundation's core and its own folder, or the folders named by SEES.
-function(troupe_core_library target)
+# A library of one layer: it links `qt` and the libraries given, and refuses at the configure
+# step any library that matches `refused`. It sees the folders named by SEES, else the
+# foundation (`foundation`, its core alone for `foundation/core`) and the top folder of the
+# project that holds the current CMakeLists.txt.
+function(troupe_layer_library target qt refused foundation)
     cmake_parse_arguments(ARG "" "" "SOURCES;LIBS;SEES" ${ARGN})
     foreach(lib IN LISTS ARG_LIBS)
-        if(lib MATCHES "Qt6?::(Gui|Widgets|Test)" OR lib MATCHES "_ui$")
-            message(FATAL_ERROR "core target ${target} may not link ${lib}")
+        if(lib MATCHES "${refused}")
+            message(FATAL_ERROR "${target} may not link ${lib}: it is of another layer")
         endif()
     endforeach()
     add_library(${target} STATIC ${ARG_SOURCES})
-    troupe_own_folder(own)
     if(NOT ARG_SEES)
-        set(ARG_SEES foundation/core)
+        file(RELATIVE_PATH own ${PROJECT_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
+        string(REGEX REPLACE "/.*" "" own "${own}")
+        set(ARG_SEES ${foundation})
         if(NOT own STREQUAL "foundation")
             list(APPEND ARG_SEES ${own})
         endif()
     endif()
     troupe_include_root(${target} ${ARG_SEES})
-    target_link_libraries(${target} PUBLIC Qt6::Core ${ARG_LIBS})
+    target_link_libraries(${target} PUBLIC ${qt} ${ARG_LIBS})
     troupe_warnings(${target})
 endfunction()
 
-# A painting library: pictures drawn with QPainter, for windows and files alike. It may know
-# Qt Gui and core targets, never a widget, so a picture can be drawn with no window system:
-# linking anything that pulls in Widgets fails the configure step, and no widget header is on
-# its include path. It sees the foundation's core and its own folder, or the folders named by
-# SEES.
+# A core library: documents, records, file formats, path services, the scanner, the check.
+# It knows QtCore and other core libraries, never Gui or a widget: no widget header, ours or
+# Qt's, is on its include path.
+function(troupe_core_library target)
+    troupe_layer_library(${target} Qt6::Core "Qt6?::(Gui|Widgets|Test)|_(gui|ui)$"
+                         foundation/core ${ARGN})
+endfunction()
+
+# A painting library: pictures drawn with QPainter, for windows and files alike. It knows Qt
+# Gui and core libraries, never a widget, so a picture can be drawn with no window system.
 function(troupe_gui_library target)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LIBS;SEES" ${ARGN})
-    foreach(lib IN LISTS ARG_LIBS)
-        if(lib MATCHES "Widgets|Qt6?::Test" OR lib MATCHES "_ui$")
-            message(FATAL_ERROR "painting target ${target} may not link ${lib}")
-        endif()
-    endforeach()
-    add_library(${target} STATIC ${ARG_SOURCES})
-    troupe_own_folder(own)
-    if(NOT ARG_SEES)
-        set(ARG_SEES foundation/core ${own})
-    endif()
-    troupe_include_root(${target} ${ARG_SEES})
-    target_link_libraries(${target} PUBLIC Qt6::Gui ${ARG_LIBS})
-    troupe_warnings(${target})
+    troupe_layer_library(${target} Qt6::Gui "Widgets|Qt6?::Test|_ui$" foundation/core ${ARGN})
 endfunction()
 
-# A window library: windows and controls over Qt Widgets, standing on core targets. It sees
-# the foundation with its controls and its own folder, or the folders named by SEES: no
-# window folder sees another's.
+# A window library: windows and controls over Qt Widgets, standing on the others. It sees the
+# foundation with its controls: no window folder sees another's.
 function(troupe_ui_library target)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LIBS;SEES" ${ARGN})
-    add_library(${target} STATIC ${ARG_SOURCES})
-    troupe_own_folder(own)
-    if(NOT ARG_SEES)
-        set(ARG_SEES foundation ${own})
-        list(REMOVE_DUPLICATES ARG_SEES)
-    endif()
-    troupe_include_root(${target} ${ARG_SEES})
-    target_link_libraries(${target} PUBLIC Qt6::Widgets ${ARG_LIBS})
-    troupe_warnings(${target})
+    troupe_layer_library(${target} Qt6::Widgets "^$" foundation ${ARGN})
 endfunction()
 
 # A Qt Test program run by CTest on the offscreen platform. Fixtures are found through

@@ -124,11 +124,7 @@ void Suite::Check(Manager manager)
         baseDir = !window.DocumentPath().isEmpty()
                       ? mdlGeneral::GetDirectory(window.DocumentPath())
                       : QDir::toNativeSeparators(QDir::currentPath() + u'/');
-    // A document without a file is named by the manager that holds it.
-    m_checked = {manager, !window.DocumentPath().isEmpty()
-                              ? window.DocumentPath()
-                              : QStringLiteral("<no name> in the ") +
-                                    window.windowTitle().section(QStringLiteral(" - "), 0, 0)};
+    m_checked = {manager, window.DocumentName()};
     ShowCheck check;
     if (const clsRBT* rbt = manager == Manager::RBT ? RBTManager().Document() : nullptr)
         check.CheckDocument(*rbt, m_checked.second, baseDir);

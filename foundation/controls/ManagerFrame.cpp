@@ -119,6 +119,12 @@ void ManagerFrame::DocumentOpened(const QString& strFileName)
     writeCaption(mdlGeneral::GetFileName(strFileName));
 }
 
+QString ManagerFrame::DocumentName() const
+{
+    return m_documentPath.isEmpty() ? QStringLiteral("<no name> in the ") + strBaseCaption
+                                    : m_documentPath;
+}
+
 void ManagerFrame::DocumentIsNew()
 {
     m_documentPath.clear();

@@ -36,10 +36,12 @@ public:
 
     ~ManagerFrame() override;
 
-    Manager Kind() const { return m_kind; }
     // The full path of the document's own file: where it was opened from or last saved to.
     // Empty for a new document, and before the first.
     const QString& DocumentPath() const { return m_documentPath; }
+    // The document as others name it: its file, or for a document without one "<no name> in
+    // the Stage Scene File Manager".
+    QString DocumentName() const;
 
 protected:
     // The manager of a family of files, with its name and designed caption; the File menu is

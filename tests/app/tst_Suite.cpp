@@ -112,6 +112,9 @@ private slots:
         QVERIFY(open(u"crate.rbt"_s)); // the compiled model beside it is missing
         QCOMPARE(state<frmMainRBT>(), u"crate.rbt"_s);
         QCOMPARE(messages, QStringList());
+        suite.ShowManager(Manager::TSL); // without a document: nothing to check
+        WindowDriver(shown<frmMainTSL>()).trigger(u"menCheck"_s);
+        QCOMPARE(messages.size(), 1);
     }
 
     void filesOnTheCommandLine_data()

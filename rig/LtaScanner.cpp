@@ -76,6 +76,17 @@ struct BlockMasks {
     }
 };
 
+// Adds the character's bracket to depth; False, leaving depth as it was, where that would end
+// the search: below limit, or beyond 16 bits.
+bool Count(const char c, const int limit, int& depth)
+{
+    const int next = depth + int(c == '(') - int(c == ')');
+    if (next < limit || next > DepthMax)
+        return false;
+    depth = next;
+    return true;
+}
+
 // FindInFile's state, kept from one piece of the file to the next.
 struct Search {
     QByteArrayView pattern;
@@ -145,14 +156,15 @@ const char* PassQuietBlocks(const char* p, const char* const end,
             search->depth += opened - closed;
         return taken;
     };
-    // Two at once only behind a quiet block: inside a list the next entry is mostly near.
-    for (int size = BlockSize;;) {
+    // Two at once only behind a few quiet blocks: inside a list the next entry is mostly near.
+    for (int size = BlockSize, quietOnes = 0;;) {
         const int taken = end - p > size ? quiet(size) : 0;
         if (taken > 0) {
             p += taken;
-            size = 2 * BlockSize;
+            size = ++quietOnes >= 2 ? 2 * BlockSize : BlockSize;
         } else if (size > BlockSize) {
             size = BlockSize;
+            quietOnes = 0;
         } else {
             break;
         }
@@ -169,12 +181,8 @@ const char* PassQuietBlocks(const char* p, const char* const end,
 const char* PassOneByOne(const char* p, const char* const end, const char first, const int limit,
                          int& depth)
 {
-    for (; p != end && *p != first; ++p) {
-        const int next = depth + int(*p == '(') - int(*p == ')');
-        if (next < limit || next > DepthMax)
-            break;
-        depth = next;
-    }
+    while (p != end && *p != first && Count(*p, limit, depth))
+        ++p;
     return p;
 }
 
@@ -196,20 +204,12 @@ qsizetype PassOver(const QByteArrayView window, const QByteArrayView pattern, co
         const __m128i brackets = _mm_or_si128(_mm_cmpeq_epi8(chars, _mm_set1_epi8('(')),
                                               _mm_cmpeq_epi8(chars, _mm_set1_epi8(')')));
         const __m128i firsts = _mm_cmpeq_epi8(chars, _mm_set1_epi8(pattern[0]));
-        // The depth a character leaves; False, leaving the depth, when it ends the search.
-        const auto count = [&](const char c) {
-            const int next = depth + int(c == '(') - int(c == ')');
-            if (next < limit || next > DepthMax)
-                return false;
-            depth = next;
-            return true;
-        };
         const char* behind = p + 16;
         for (uint near = _mm_movemask_epi8(_mm_or_si128(brackets, firsts)); near != 0;
              near &= near - 1) {
             const char* const q = p + qCountTrailingZeroBits(near);
             if (*q != pattern[0]) {
-                if (!count(*q))
+                if (!Count(*q, limit, depth))
                     return q - begin;
                 continue;
             }
@@ -217,9 +217,9 @@ qsizetype PassOver(const QByteArrayView window, const QByteArrayView pattern, co
                 return q - begin;
             // A first character not followed by the second starts no match, and the one
             // behind it is taken as no start: both count for their brackets alone.
-            if (!count(q[0]))
+            if (!Count(q[0], limit, depth))
                 return q - begin;
-            if (!count(q[1]))
+            if (!Count(q[1], limit, depth))
                 return q + 1 - begin;
             if (q + 1 == behind)
                 behind = q + 2;
@@ -249,10 +249,8 @@ qsizetype PassOver(const QByteArrayView window, const QByteArrayView pattern, co
         for (quint64 brackets = (block.open | block.close) & taken; brackets != 0;
              brackets &= brackets - 1) {
             const int i = qCountTrailingZeroBits(brackets);
-            const int next = depth + (((block.open >> i) & 1) != 0 ? 1 : -1);
-            if (next < limit || next > DepthMax)
+            if (!Count(p[i], limit, depth))
                 return p + i - begin;
-            depth = next;
         }
         p += plain;
         if (plain < BlockSize)
@@ -431,14 +429,24 @@ private:
             const char c = *p++;
             // A character that does not go on with the match sets it back to the start, and
             // is not tried again as the start of the pattern.
-            place = c == pattern[place] ? place + 1 : 0;
-            // Every bracket counts, inside quotes or not, the pattern's own included.
-            depth += int(c == '(') - int(c == ')');
-            if (depth > DepthMax || depth < DepthMin)
-                result = Outcome::Overflow;
-            else if (depth < limit)
-                result = Outcome::Stopped;
-            else if (place == pattern.size())
+            if (c == pattern[place])
+                ++place;
+            else
+                place = 0;
+            // Every bracket counts, inside quotes or not, the pattern's own included; only a
+            // bracket moves the depth out of its range.
+            if (c == '(' || c == ')') {
+                depth += c == '(' ? 1 : -1;
+                if (depth > DepthMax || depth < DepthMin) {
+                    result = Outcome::Overflow;
+                    break;
+                }
+                if (depth < limit) {
+                    result = Outcome::Stopped;
+                    break;
+                }
+            }
+            if (place == pattern.size())
                 result = Outcome::Found;
         }
         m_search.place = place;

@@ -50,6 +50,13 @@ void LtaNameList::append(QByteArrayView name)
     m_ends.push_back(qsizetype(m_bytes.size()));
 }
 
+void LtaNameList::appendToLast(QByteArrayView bytes)
+{
+    Q_ASSERT(!isEmpty());
+    m_bytes.insert(m_bytes.end(), bytes.begin(), bytes.end());
+    m_ends.back() = qsizetype(m_bytes.size());
+}
+
 bool operator==(const LtaNameList& names, const QStringList& strings)
 {
     if (names.size() != strings.size())

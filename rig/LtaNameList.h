@@ -24,6 +24,8 @@ public:
     void clear();
     // One more name, from its bytes.
     void append(QByteArrayView name);
+    // More bytes of the last name: a name may reach across two reads of a file.
+    void appendToLast(QByteArrayView bytes);
 
     friend bool operator==(const LtaNameList& names, const QStringList& strings);
 

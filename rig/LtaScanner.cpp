@@ -8,78 +8,14 @@
 #include <QFileInfo>
 #include <QtAlgorithms>
 
+#include <algorithm>
+#include <array>
 #include <cstring>
 #include <limits>
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
 #endif
-
-// The model's bytes, read once for both passes: the file is mapped into memory whole (or,
-// where its file system cannot map it, read whole), so the second pass starts again at the
-// first character without reading anything a second time, and a pass that ends early at the
-// end of its list touches no more of the file. The destructor unmaps and closes the file on
-// every way out of a scan.
-class LtaScanner::ModelFile {
-public:
-    ModelFile(const QString& path, qsizetype window) : m_file(path), m_window(window) {}
-    ~ModelFile()
-    {
-        if (m_mapped)
-            m_file.unmap(m_mapped);
-    }
-    ModelFile(const ModelFile&) = delete;
-    ModelFile& operator=(const ModelFile&) = delete;
-
-    // Regular files only: opening a FIFO waits for a writer, and a device may never end.
-    bool Open()
-    {
-        if (!QFileInfo(m_file.fileName()).isFile() || !m_file.open(QIODevice::ReadOnly) ||
-            m_file.isSequential())
-            return false;
-        const qint64 size = m_file.size();
-        if (size == 0)
-            return true;
-        m_mapped = m_file.map(0, size);
-        if (m_mapped) {
-            m_bytes = QByteArrayView(reinterpret_cast<const char*>(m_mapped), size);
-            return true;
-        }
-        m_copy = m_file.readAll();
-        m_bytes = m_copy;
-        return m_copy.size() == size;
-    }
-
-    // Back to the first character.
-    void Rewind() { m_pos = m_windowEnd = 0; }
-
-    bool AtEnd() const { return m_pos == m_bytes.size(); }
-    char Get() { return m_bytes[m_pos++]; }
-    void Advance(qsizetype count) { m_pos += count; }
-
-    // The characters from the next one to the file's end, or to the end of its window.
-    QByteArrayView Rest() const { return m_bytes.sliced(m_pos); }
-    QByteArrayView Window()
-    {
-        if (m_pos >= m_windowEnd)
-            m_windowEnd = m_pos + qMin(m_window - m_pos % m_window, m_bytes.size() - m_pos);
-        return m_bytes.sliced(m_pos, m_windowEnd - m_pos);
-    }
-
-    // A bracket depth that left 16 bits: the scan fails.
-    bool Failed() const { return m_failed; }
-    void Fail() { m_failed = true; }
-
-private:
-    QFile m_file;
-    qsizetype m_window;
-    uchar* m_mapped = nullptr;
-    QByteArray m_copy;
-    QByteArrayView m_bytes;
-    qsizetype m_pos = 0;
-    qsizetype m_windowEnd = 0;
-    bool m_failed = false;
-};
 
 namespace {
 
@@ -140,51 +76,102 @@ struct BlockMasks {
     }
 };
 
+// Adds the character's bracket to depth; False, leaving depth as it was, where that would end
+// the search: below limit, or beyond 16 bits.
+bool Count(const char c, const int limit, int& depth)
+{
+    const int next = depth + int(c == '(') - int(c == ')');
+    if (next < limit || next > DepthMax)
+        return false;
+    depth = next;
+    return true;
+}
+
+// FindInFile's state, kept from one piece of the file to the next.
+struct Search {
+    QByteArrayView pattern;
+    int limit = 0;
+    qsizetype place = 0; // how much of the pattern has been matched
+    int depth = 0;       // counted from the search's start, not from the file's
+};
+
+// Whether the quick passage over blocks takes the search: its pattern is a bracket followed
+// by more, as all but the quote are, so the brackets it counts are the pattern's first
+// characters too.
+bool OpensWithABracket(const Search& search)
+{
+    return search.pattern.size() > 1 && search.pattern[0] == '(';
+}
+
 // The usual block, in keyframe data, holds no possible start of a match and too few brackets
-// to end the search: passes over such blocks, from p on while 65 characters are at hand,
-// counting their brackets at once, and stops in front of the first other block. A block
-// ending on the pattern's first character is no such block, since whether that one starts a
-// match decides how the next block's first character is taken.
-const char* PassQuietBlocks(const char* p, const char* const end, const QByteArrayView pattern,
-                            const int limit, int& depth)
+// to end a search: passes over such blocks, from p on while 65 characters are at hand,
+// counting their brackets at once for each of the searches, which have no match under way
+// and open with a bracket, and stops in front of the first other block.
+template <size_t N>
+const char* PassQuietBlocks(const char* p, const char* const end,
+                            const std::array<Search*, N>& searches)
 {
 #if defined(__SSE2__)
-    const __m128i open = _mm_set1_epi8('(');
-    const __m128i close = _mm_set1_epi8(')');
-    const __m128i first = _mm_set1_epi8(pattern[0]);
-    const __m128i second = _mm_set1_epi8(pattern.size() > 1 ? pattern[1] : 0);
-    const __m128i any = _mm_set1_epi8(pattern.size() > 1 ? 0 : -1);
-    const __m128i zero = _mm_setzero_si128();
+    __m128i second[N];
+    for (size_t s = 0; s < N; ++s)
+        second[s] = _mm_set1_epi8(searches[s]->pattern[1]);
     const auto sum = [](const __m128i counts) {
         const __m128i sums = _mm_sad_epu8(counts, _mm_setzero_si128());
         return _mm_cvtsi128_si32(sums) + _mm_cvtsi128_si32(_mm_unpackhi_epi64(sums, sums));
     };
-    while (end - p > BlockSize && p[BlockSize - 1] != pattern[0]) {
-        __m128i starts = zero;
-        __m128i opens = zero;
-        __m128i closes = zero;
-        for (int i = 0; i < BlockSize; i += 16) {
+    // How many of the `size` characters at p are passed over, their brackets added to each
+    // search's depth; none when they are no quiet block.
+    const auto quiet = [&](const int size) {
+        __m128i starts = _mm_setzero_si128();
+        __m128i opens = _mm_setzero_si128();
+        __m128i closes = _mm_setzero_si128();
+        for (int i = 0; i < size; i += 16) {
             const __m128i chars = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + i));
             const __m128i next = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + i + 1));
-            const __m128i follows = _mm_or_si128(_mm_cmpeq_epi8(next, second), any);
-            starts = _mm_or_si128(starts, _mm_and_si128(_mm_cmpeq_epi8(chars, first), follows));
-            opens = _mm_sub_epi8(opens, _mm_cmpeq_epi8(chars, open));
-            closes = _mm_sub_epi8(closes, _mm_cmpeq_epi8(chars, close));
+            // A match may start where a bracket is followed by a pattern's second character.
+            __m128i follows = _mm_cmpeq_epi8(next, second[0]);
+            for (size_t s = 1; s < N; ++s)
+                follows = _mm_or_si128(follows, _mm_cmpeq_epi8(next, second[s]));
+            const __m128i opened = _mm_cmpeq_epi8(chars, _mm_set1_epi8('('));
+            starts = _mm_or_si128(starts, _mm_and_si128(opened, follows));
+            opens = _mm_sub_epi8(opens, opened);
+            closes = _mm_sub_epi8(closes, _mm_cmpeq_epi8(chars, _mm_set1_epi8(')')));
         }
         if (_mm_movemask_epi8(starts) != 0)
-            break;
-        const int opened = sum(opens);
+            return 0;
+        int opened = sum(opens);
         const int closed = sum(closes);
-        if (depth - closed < limit || depth + opened > DepthMax)
+        if (std::any_of(searches.begin(), searches.end(), [=](const Search* search) {
+                return search->depth - closed < search->limit || search->depth + opened > DepthMax;
+            }))
+            return 0;
+        // A run of brackets at the end is left to the next block: whether its last one
+        // starts a match decides how the character behind it is taken, and in a run every
+        // other one is taken as no start (in "((name" the second bracket ends the first one's
+        // match).
+        int taken = size;
+        for (; taken > 0 && p[taken - 1] == '('; --taken)
+            --opened;
+        for (Search* const search : searches)
+            search->depth += opened - closed;
+        return taken;
+    };
+    // Two at once only behind a few quiet blocks: inside a list the next entry is mostly near.
+    for (int size = BlockSize, quietOnes = 0;;) {
+        const int taken = end - p > size ? quiet(size) : 0;
+        if (taken > 0) {
+            p += taken;
+            size = ++quietOnes >= 2 ? 2 * BlockSize : BlockSize;
+        } else if (size > BlockSize) {
+            size = BlockSize;
+            quietOnes = 0;
+        } else {
             break;
-        depth += opened - closed;
-        p += BlockSize;
+        }
     }
 #else
     Q_UNUSED(end);
-    Q_UNUSED(pattern);
-    Q_UNUSED(limit);
-    Q_UNUSED(depth);
+    Q_UNUSED(searches);
 #endif
     return p;
 }
@@ -194,12 +181,8 @@ const char* PassQuietBlocks(const char* p, const char* const end, const QByteArr
 const char* PassOneByOne(const char* p, const char* const end, const char first, const int limit,
                          int& depth)
 {
-    for (; p != end && *p != first; ++p) {
-        const int next = depth + int(*p == '(') - int(*p == ')');
-        if (next < limit || next > DepthMax)
-            break;
-        depth = next;
-    }
+    while (p != end && *p != first && Count(*p, limit, depth))
+        ++p;
     return p;
 }
 
@@ -221,17 +204,29 @@ qsizetype PassOver(const QByteArrayView window, const QByteArrayView pattern, co
         const __m128i brackets = _mm_or_si128(_mm_cmpeq_epi8(chars, _mm_set1_epi8('(')),
                                               _mm_cmpeq_epi8(chars, _mm_set1_epi8(')')));
         const __m128i firsts = _mm_cmpeq_epi8(chars, _mm_set1_epi8(pattern[0]));
+        const char* behind = p + 16;
         for (uint near = _mm_movemask_epi8(_mm_or_si128(brackets, firsts)); near != 0;
              near &= near - 1) {
             const char* const q = p + qCountTrailingZeroBits(near);
-            if (*q == pattern[0])
+            if (*q != pattern[0]) {
+                if (!Count(*q, limit, depth))
+                    return q - begin;
+                continue;
+            }
+            if (pattern.size() == 1 || end - q < 2 || q[1] == pattern[1])
                 return q - begin;
-            const int next = depth + (*q == '(' ? 1 : -1);
-            if (next < limit || next > DepthMax)
+            // A first character not followed by the second starts no match, and the one
+            // behind it is taken as no start: both count for their brackets alone.
+            if (!Count(q[0], limit, depth))
                 return q - begin;
-            depth = next;
+            if (!Count(q[1], limit, depth))
+                return q + 1 - begin;
+            if (q + 1 == behind)
+                behind = q + 2;
+            else
+                near &= ~(1u << (q + 1 - p));
         }
-        p += 16;
+        p = behind;
     }
 #else
     const char* const near = p + qMin<qsizetype>(16, end - p);
@@ -240,7 +235,10 @@ qsizetype PassOver(const QByteArrayView window, const QByteArrayView pattern, co
         return p - begin;
 #endif
     while (end - p > BlockSize) {
-        p = PassQuietBlocks(p, end, pattern, limit, depth);
+        if (Search search{pattern, limit, 0, depth}; OpensWithABracket(search)) {
+            p = PassQuietBlocks<1>(p, end, {&search});
+            depth = search.depth;
+        }
         if (end - p <= BlockSize)
             break;
         // A block with a possible start, or with brackets that may end the search: its
@@ -251,10 +249,8 @@ qsizetype PassOver(const QByteArrayView window, const QByteArrayView pattern, co
         for (quint64 brackets = (block.open | block.close) & taken; brackets != 0;
              brackets &= brackets - 1) {
             const int i = qCountTrailingZeroBits(brackets);
-            const int next = depth + (((block.open >> i) & 1) != 0 ? 1 : -1);
-            if (next < limit || next > DepthMax)
+            if (!Count(p[i], limit, depth))
                 return p + i - begin;
-            depth = next;
         }
         p += plain;
         if (plain < BlockSize)
@@ -265,83 +261,226 @@ qsizetype PassOver(const QByteArrayView window, const QByteArrayView pattern, co
 
 } // namespace
 
-LtaScanner::LtaScanner(qsizetype bufferSize) : m_bufferSize(qMax<qsizetype>(bufferSize, 1)) {}
+// One pass of the scan, carried from one piece of the file to the next: the step it stands
+// at, the search under way (FindInFile's place in the pattern and depth) and the list it
+// fills. The first pass finds each "(anim-binding", then "(name" and the quote in front of
+// the name; the second finds "(set-node-flags" once, then each `("` in front of a node name.
+class LtaScanner::Pass {
+public:
+    enum class List { Animations, Nodes };
 
-bool LtaScanner::FindInFile(ModelFile& file, QByteArrayView pattern, qint16 limit)
-{
-    qsizetype place = 0; // how much of the pattern has been matched
-    int depth = 0;       // counted from this call, not from the file's start
-    bool stop = false;
-    while (!file.AtEnd() && place < pattern.size() && !stop) {
-        if (place == 0) {
-            file.Advance(PassOver(file.Window(), pattern, limit, depth));
-            if (file.AtEnd())
+    Pass(const List list, LtaNameList& names) : m_list(list), m_names(names)
+    {
+        Start(list == List::Animations ? Step::Entry : Step::NodeList);
+    }
+
+    bool Running() const { return m_step != Step::Done; }
+    // A list that would pass 32767 names, or a bracket depth that left 16 bits.
+    bool Failed() const { return m_failed; }
+
+    // Runs the pass over the next piece of the file, as far as the piece reaches.
+    void Take(QByteArrayView piece)
+    {
+        while (Running()) {
+            switch (m_step) {
+            case Step::EntryFound:
+                // A pattern that ends on the file's last character counts as not found, so
+                // the entry counts only once a character follows.
+                if (piece.isEmpty())
+                    return;
+                // A 32768th name would overflow the 16-bit count of a list.
+                if (m_names.size() >= Limits::MaxRecords)
+                    Fail();
+                else if (m_list == List::Animations)
+                    Start(Step::Name);
+                else
+                    m_step = Step::ReadName;
                 break;
+            case Step::ReadName:
+            case Step::ReadMore:
+                if (!ReadUntil(piece, '"'))
+                    return;
+                Start(Step::Entry);
+                break;
+            default: {
+                const Outcome result = FindInFile(piece);
+                if (result == Outcome::Running)
+                    return;
+                if (result == Outcome::Overflow)
+                    Fail();
+                else
+                    Searched(result == Outcome::Found);
+            }
+            }
         }
-        const char c = file.Get();
-        // A character that does not go on with the match sets it back to the start, and is
-        // not tried again as the start of the pattern.
-        place = c == pattern[place] ? place + 1 : 0;
-        // Every bracket counts, inside quotes or not, the pattern's own included.
-        depth += int(c == '(') - int(c == ')');
-        if (depth > DepthMax || depth < DepthMin) {
-            file.Fail();
-            return false;
+    }
+
+    // Runs both passes over the piece. While both search, the blocks that matter to neither
+    // are passed by both at once, so that keyframe data, most of a model, is looked at once
+    // for the two.
+    static void TakeBoth(Pass& first, Pass& second, QByteArrayView piece)
+    {
+        while (first.Searching() && second.Searching() && !piece.isEmpty()) {
+            if (first.m_search.place == 0 && second.m_search.place == 0 &&
+                OpensWithABracket(first.m_search) && OpensWithABracket(second.m_search)) {
+                const char* const begin = piece.data();
+                piece = piece.sliced(PassQuietBlocks<2>(begin, begin + piece.size(),
+                                                        {&first.m_search, &second.m_search}) -
+                                     begin);
+            }
+            // The block in front of which the passage stopped, or in which a match is under
+            // way, goes through each on its own.
+            const QByteArrayView block = piece.first(qMin<qsizetype>(BlockSize, piece.size()));
+            first.Take(block);
+            second.Take(block);
+            piece = piece.sliced(block.size());
         }
-        stop = depth < limit;
+        first.Take(piece);
+        second.Take(piece);
     }
-    // A pattern that ends on the file's last character counts as not found; a search that
-    // stopped on the limit returns False, standing behind the bracket that stopped it.
-    return !file.AtEnd() && !stop;
-}
 
-void LtaScanner::ReadUntil(ModelFile& file, char delimiter, LtaNameList& names)
-{
-    // Brackets count for nothing here; the file's end simply ends the text.
-    const QByteArrayView rest = file.Rest();
-    const auto* const hit =
-        rest.isEmpty()
-            ? nullptr
-            : static_cast<const char*>(std::memchr(rest.data(), delimiter, size_t(rest.size())));
-    const qsizetype length = hit ? hit - rest.data() : rest.size();
-    names.append(rest.first(length));
-    file.Advance(hit ? length + 1 : length);
-}
-
-bool LtaScanner::ScanAnimations(ModelFile& file)
-{
-    // Each binding gives one entry, whether or not a (name was found inside it: one without
-    // a name takes its text from the next double quote in the file. The pass ends where the
-    // list of bindings closes (the depth falls below -2).
-    for (;;) {
-        if (!FindInFile(file, "(anim-binding", -2))
-            return !file.Failed();
-        // A 32768th name would overflow the 16-bit count of a list.
-        if (strAnimations.size() >= Limits::MaxRecords)
-            return false;
-        FindInFile(file, "(name", 0);
-        FindInFile(file, "\"", 0);
-        if (file.Failed())
-            return false;
-        ReadUntil(file, '"', strAnimations);
+    // The file has ended behind the last piece: every search under way returns False. A
+    // binding whose name was not reached yet still gives an entry, with an empty name.
+    void End()
+    {
+        if (m_step == Step::Name || m_step == Step::Quote || m_step == Step::ReadName)
+            m_names.append({});
+        m_step = Step::Done;
     }
-}
 
-bool LtaScanner::ScanNodes(ModelFile& file)
-{
-    // Each entry ("Hip" 1) of the node list gives one name; the pass ends where the form
-    // around the list closes, so another form behind the list in that form is still read.
-    FindInFile(file, "(set-node-flags", 0);
-    if (file.Failed())
-        return false;
-    for (;;) {
-        if (!FindInFile(file, "(\"", -2))
-            return !file.Failed();
-        if (strNodes.size() >= Limits::MaxRecords)
-            return false;
-        ReadUntil(file, '"', strNodes);
+private:
+    // The steps up to Quote search for a pattern. ReadName begins a name, ReadMore goes on
+    // with one that reaches across pieces.
+    enum class Step { NodeList, Entry, Name, Quote, EntryFound, ReadName, ReadMore, Done };
+    enum class Outcome { Running, Found, Stopped, Overflow };
+
+    bool Searching() const { return m_step <= Step::Quote; }
+
+    void Start(const Step step)
+    {
+        m_step = step;
+        switch (step) {
+        case Step::NodeList:
+            m_search.pattern = "(set-node-flags";
+            break;
+        case Step::Entry:
+            m_search.pattern = m_list == List::Animations ? QByteArrayView("(anim-binding")
+                                                          : QByteArrayView("(\"");
+            break;
+        case Step::Name:
+            m_search.pattern = "(name";
+            break;
+        default:
+            m_search.pattern = "\"";
+            break;
+        }
+        // An entry search ends where the list closes; the others may not leave the form in
+        // which they started.
+        m_search.limit = step == Step::Entry ? -2 : 0;
+        m_search.place = 0;
+        m_search.depth = 0;
     }
-}
+
+    // Only the search for an entry is looked at: when it stops on the limit, the list has
+    // ended. The others leave the file where they ended, found or not.
+    void Searched(const bool found)
+    {
+        switch (m_step) {
+        case Step::NodeList:
+            Start(Step::Entry);
+            break;
+        case Step::Entry:
+            m_step = found ? Step::EntryFound : Step::Done;
+            break;
+        case Step::Name:
+            Start(Step::Quote);
+            break;
+        default:
+            m_step = Step::ReadName;
+            break;
+        }
+    }
+
+    void Fail()
+    {
+        m_failed = true;
+        m_step = Step::Done;
+    }
+
+    // Takes characters from the front of the piece until the pattern is complete, the depth
+    // counted from the search's start falls below the limit, or the piece is used up.
+    Outcome FindInFile(QByteArrayView& piece)
+    {
+        // The place and the depth are kept in locals: a character read through a pointer
+        // might be any member, so members would be stored and loaded again for each one.
+        const QByteArrayView pattern = m_search.pattern;
+        const int limit = m_search.limit;
+        qsizetype place = m_search.place;
+        int depth = m_search.depth;
+        const char* p = piece.data();
+        const char* const end = p + piece.size();
+        Outcome result = Outcome::Running;
+        while (p != end && result == Outcome::Running) {
+            if (place == 0) {
+                p += PassOver(QByteArrayView(p, end), pattern, limit, depth);
+                if (p == end)
+                    break;
+            }
+            const char c = *p++;
+            // A character that does not go on with the match sets it back to the start, and
+            // is not tried again as the start of the pattern.
+            if (c == pattern[place])
+                ++place;
+            else
+                place = 0;
+            // Every bracket counts, inside quotes or not, the pattern's own included; only a
+            // bracket moves the depth out of its range.
+            if (c == '(' || c == ')') {
+                depth += c == '(' ? 1 : -1;
+                if (depth > DepthMax || depth < DepthMin) {
+                    result = Outcome::Overflow;
+                    break;
+                }
+                if (depth < limit) {
+                    result = Outcome::Stopped;
+                    break;
+                }
+            }
+            if (place == pattern.size())
+                result = Outcome::Found;
+        }
+        m_search.place = place;
+        m_search.depth = depth;
+        piece = QByteArrayView(p, end);
+        return result;
+    }
+
+    // The piece's text up to the delimiter, as a new name or the rest of the last one; True
+    // when the delimiter came (consumed, left out). Brackets count for nothing here.
+    bool ReadUntil(QByteArrayView& piece, const char delimiter)
+    {
+        if (piece.isEmpty())
+            return false;
+        const auto* const hit =
+            static_cast<const char*>(std::memchr(piece.data(), delimiter, size_t(piece.size())));
+        const qsizetype length = hit ? hit - piece.data() : piece.size();
+        if (m_step == Step::ReadName)
+            m_names.append(piece.first(length));
+        else
+            m_names.appendToLast(piece.first(length));
+        m_step = Step::ReadMore;
+        piece = piece.sliced(hit ? length + 1 : length);
+        return hit != nullptr;
+    }
+
+    const List m_list;
+    LtaNameList& m_names;
+    Step m_step = Step::Done;
+    Search m_search;
+    bool m_failed = false;
+};
+
+LtaScanner::LtaScanner(qsizetype bufferSize) : m_bufferSize(qMax<qsizetype>(bufferSize, 1)) {}
 
 bool LtaScanner::ScanModel(const QString& strModelFile)
 {
@@ -349,14 +488,40 @@ bool LtaScanner::ScanModel(const QString& strModelFile)
     strNodes.clear();
 
     // A path that does not exist as given is matched without regard to case. No name is a
-    // file that cannot be opened (asked of QFile, it warns on stderr).
+    // file that cannot be opened (asked of QFile, it warns on stderr). Regular files only:
+    // opening a FIFO waits for a writer, and a device may never end.
     if (strModelFile.isEmpty())
         return false;
-    ModelFile file(mdlGeneral::ResolveFileCase(strModelFile), m_bufferSize);
-    if (!file.Open() || !ScanAnimations(file))
+    QFile file(mdlGeneral::ResolveFileCase(strModelFile));
+    if (!QFileInfo(file.fileName()).isFile() ||
+        !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || file.isSequential())
         return false;
-    // The second pass starts at the first character wherever the first ended, so the order
-    // of the two lists in the file does not matter.
-    file.Rewind();
-    return ScanNodes(file);
+
+    // The file is read once, front to back, through one buffer, and is never mapped: another
+    // program may cut the model short while it is read, which ends a read early but would
+    // kill the process at the first touch of a mapped page. Each piece goes through the first
+    // pass and then the second, so the second starts at the first character without reading
+    // anything again, and the order of the two lists in the file does not matter. Reading
+    // stops where both passes have ended.
+    Pass animations(Pass::List::Animations, strAnimations);
+    Pass nodes(Pass::List::Nodes, strNodes);
+    QByteArray buffer(qMax(m_bufferSize, DefaultBufferSize), Qt::Uninitialized);
+    while (!animations.Failed() && (animations.Running() || nodes.Running())) {
+        const qint64 got = file.read(buffer.data(), buffer.size());
+        if (got < 0)
+            return false;
+        if (got == 0) {
+            animations.End();
+            nodes.End();
+            break;
+        }
+        for (QByteArrayView rest(buffer.constData(), got); !rest.isEmpty();
+             rest = rest.sliced(qMin(rest.size(), m_bufferSize))) {
+            Pass::TakeBoth(animations, nodes, rest.first(qMin(rest.size(), m_bufferSize)));
+        }
+    }
+    // The second pass runs only behind a first one that did not fail.
+    if (animations.Failed())
+        strNodes.clear();
+    return !animations.Failed() && !nodes.Failed();
 }

@@ -12,17 +12,20 @@
 
 class LtaScanner {
 public:
-    // The model's bytes are looked at in windows of this many bytes; the quick passage over
-    // characters that cannot matter never looks across a window's edge. Tests use tiny
-    // windows to put every pattern, name and bracket across an edge. Sizes below 1 are 1.
+    // The model is read in blocks of this many bytes (or more), and its bytes are looked at
+    // in pieces of this many: the quick passage over characters that cannot matter never
+    // looks across a piece's edge. Tests use tiny pieces to put every pattern, name and
+    // bracket across an edge. Sizes below 1 are 1.
     static constexpr qsizetype DefaultBufferSize = 64 * 1024;
 
     explicit LtaScanner(qsizetype bufferSize = DefaultBufferSize);
 
     // True when the file was opened and both passes ran, whether or not they found a list;
     // False on any failure: a file that is missing or no regular file (a FIFO or a device
-    // would block or never end), a list that would pass 32767 names, a bracket depth that
-    // would leave the 16-bit range. The lists are written as a side effect.
+    // would block or never end), a read error, a list that would pass 32767 names, a bracket
+    // depth that would leave the 16-bit range. The lists are written as a side effect. A
+    // model that another program cuts short or rewrites during the scan is scanned as far as
+    // the reads reach; the scan never ends the process.
     bool ScanModel(const QString& strModelFile);
 
     // The names in file order, index from 0; an animation's index is what a clsAnimation's
@@ -32,17 +35,7 @@ public:
     LtaNameList strNodes;
 
 private:
-    class ModelFile;
-
-    // True when the pattern was found, with the file standing directly behind it; False at
-    // the file's end, or when the bracket depth counted from this call fell below limit,
-    // standing behind that bracket. A depth leaving 16 bits marks the file failed.
-    static bool FindInFile(ModelFile& file, QByteArrayView pattern, qint16 limit);
-    // The text up to the delimiter (consumed, left out) or the file's end, appended to names.
-    static void ReadUntil(ModelFile& file, char delimiter, LtaNameList& names);
-
-    bool ScanAnimations(ModelFile& file);
-    bool ScanNodes(ModelFile& file);
+    class Pass;
 
     qsizetype m_bufferSize;
 };

@@ -1,6 +1,7 @@
 // Usage:
 //   troupe_stress kill DIR [ROUNDS] [--no-temp] [--seed N]
 //   troupe_stress full DIR [--inodes] [--no-temp]
+//   troupe_stress scan DIR [ROUNDS] [--seed N]
 //
 // `kill`: for each format, saves a large document over an existing one ROUNDS times (100
 // unless given), each save killed with SIGKILL at a random moment; with --no-temp in a
@@ -9,10 +10,14 @@
 // --inodes every inode taken), and the new document is saved over the old; with --no-temp
 // in a directory where no temporary file can be made. Exits 1 when a
 // file was left that is neither the whole old nor the whole new document, or a save on the
-// full disk did not fail with the old file intact.
+// full disk did not fail with the old file intact. `scan`: scans a large model ROUNDS times
+// (100 unless given) while another thread cuts it short, writes it again, grows or replaces
+// it at a random moment; exits 1 when a scan did not return True with the model's lists or
+// a part of them from the front, and dies where a scan would kill the suite.
 
 #include "foundation/mdlGeneral.h"
 #include "fuzz/stress/SaveStress.h"
+#include "fuzz/stress/ScanStress.h"
 #include "fuzz/stress/StressDocuments.h"
 
 #include <QDir>
@@ -26,7 +31,8 @@ namespace {
 int Usage()
 {
     std::fprintf(stderr, "usage: troupe_stress kill DIR [ROUNDS] [--no-temp] [--seed N]\n"
-                         "       troupe_stress full DIR [--inodes] [--no-temp]\n");
+                         "       troupe_stress full DIR [--inodes] [--no-temp]\n"
+                         "       troupe_stress scan DIR [ROUNDS] [--seed N]\n");
     return 2;
 }
 
@@ -37,9 +43,12 @@ int main(int argc, char** argv)
     QStringList args;
     for (int i = 1; i < argc; ++i)
         args << QString::fromLocal8Bit(argv[i]);
-    if (args.size() < 2 || (args[0] != QLatin1String("kill") && args[0] != QLatin1String("full")))
+    const QStringList commands{QStringLiteral("kill"), QStringLiteral("full"),
+                               QStringLiteral("scan")};
+    if (args.size() < 2 || !commands.contains(args[0]))
         return Usage();
-    const bool kills = args.takeFirst() == QLatin1String("kill");
+    const QString command = args.takeFirst();
+    const bool kills = command == QLatin1String("kill");
     const QString base = QDir(args.takeFirst()).absolutePath();
 
     unsigned seed = std::random_device{}();
@@ -54,6 +63,14 @@ int main(int argc, char** argv)
     const int rounds = args.isEmpty() ? 100 : args.takeFirst().toInt(&roundsOk);
     if (!roundsOk || rounds < 1 || !args.isEmpty())
         return Usage();
+
+    if (command == QLatin1String("scan")) {
+        std::printf("Scans of a model changed while it is read, %d in all (seed %u):\n", rounds,
+                    seed);
+        std::fflush(stdout);
+        QDir().mkpath(base);
+        return ScanStress(seed).scanChangingModels(base, rounds) ? 0 : 1;
+    }
 
     // The rig binding's model path is stored relative to this directory.
     mdlGeneral::strCurrentDir = base + QLatin1Char('/');

@@ -1,4 +1,5 @@
-// The LTA scanner: inline and sample models, limits, refused files, random texts read twice.
+// The LTA scanner: inline and sample models, limits, refused files, random texts read twice,
+// models cut short while they are scanned.
 
 #include "rig/LtaScanner.h"
 #include "tests/support/TestFiles.h"
@@ -7,7 +8,9 @@
 #include <QStringDecoder>
 #include <QtTest>
 
+#include <atomic>
 #include <sys/stat.h>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -73,6 +76,19 @@ struct PlainScan {
         return !overflow;
     }
 };
+
+// Waits until this process holds the file open, or the scan is over.
+void WaitUntilOpen(const QString& path, const std::atomic<bool>& scanned)
+{
+    const QString target = QFileInfo(path).canonicalFilePath();
+    const QDir fds(u"/proc/self/fd"_s, {}, QDir::NoSort, QDir::AllEntries | QDir::System);
+    while (!scanned) {
+        for (const QFileInfo& fd : fds.entryInfoList()) {
+            if (fd.symLinkTarget() == target)
+                return;
+        }
+    }
+}
 
 } // namespace
 
@@ -172,6 +188,61 @@ private slots:
         QFETCH(QString, path);
         const bool ok = path.endsWith(u"thing.lta"_s);
         Scan(path, ok, {}, ok ? QStringList{"Hip"} : QStringList());
+    }
+
+    // Another program cuts the model short or writes it again while it is scanned, soon
+    // after the scan opened it. The scan ends where its reads end, the process lives, and
+    // the lists, which stand at the end, are what the scan reached of them: the model's own
+    // names from the first, the last one perhaps cut short.
+    void modelChangedDuringTheScan_data()
+    {
+        QTest::addColumn<qint64>("cutTo"); // bytes left; -1: the whole model written again
+        QTest::newRow("cut to nothing") << qint64(0);
+        QTest::newRow("cut in the keyframes") << qint64(8 << 20);
+        QTest::newRow("written again") << qint64(-1);
+    }
+
+    void modelChangedDuringTheScan()
+    {
+        QFETCH(qint64, cutTo);
+        QStringList animations, nodes;
+        QByteArray bindings, flags;
+        for (int i = 0; i < 8; ++i) {
+            animations << u"walk%1"_s.arg(i);
+            nodes << u"joint%1"_s.arg(i);
+            bindings += " (anim-binding (name \"" + animations.last().toLatin1() + "\"))";
+            flags += " (\"" + nodes.last().toLatin1() + "\" 0)";
+        }
+        const QByteArray model =
+            "(lt-model-0 (anims (" +
+            QByteArray("\n\t(0.000000 -9.355083 )(0.500001 )").repeated(500000) +
+            ")) (on-load-cmds ((anim-bindings (" + bindings + ")) (set-node-flags (" + flags +
+            ")))))";
+        QRandomGenerator random(7);
+        LtaScanner scanner;
+        int cutBeforeTheLists = 0;
+        for (int round = 0; round < 10; ++round) {
+            const QString path = m_files.write(u"cut.lta"_s, model);
+            const auto delay = std::chrono::microseconds(random.bounded(1000));
+            std::atomic<bool> scanned = false;
+            std::thread cutter([&] {
+                WaitUntilOpen(path, scanned);
+                std::this_thread::sleep_for(delay);
+                if (cutTo >= 0)
+                    QFile::resize(path, cutTo);
+                else
+                    m_files.write(u"cut.lta"_s, model);
+            });
+            const bool ok = scanner.ScanModel(path);
+            scanned = true;
+            cutter.join();
+            QVERIFY(ok);
+            QVERIFY(
+                animations.join('|').startsWith(scanner.strAnimations.toStringList().join('|')));
+            QVERIFY(nodes.join('|').startsWith(scanner.strNodes.toStringList().join('|')));
+            cutBeforeTheLists += scanner.strAnimations.isEmpty() ? 1 : 0;
+        }
+        QVERIFY(cutBeforeTheLists > 0);
     }
 };
 

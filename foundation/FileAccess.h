@@ -1,7 +1,8 @@
 #pragma once
-// Opening and replacing the suite's files. Every file the suite reads passes one gate, so a
-// document, the model scanner and the show check refuse the same files for the same reasons,
-// and every file it writes is replaced whole or not at all.
+// Opening and replacing the suite's files. Every document the suite reads passes one gate, so
+// the managers, the command line and the show check refuse the same files for the same
+// reasons, and every file it writes is replaced whole or not at all. (Models, which may be far
+// larger than a document, are opened by the scanner itself, regular files only.)
 
 #include <QString>
 

@@ -60,7 +60,8 @@ public:
     QStringList Snapshot() const
     {
         QStringList files;
-        QDirIterator it(root(), QDir::AllEntries | QDir::System, QDirIterator::Subdirectories);
+        QDirIterator it(root(), QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot,
+                        QDirIterator::Subdirectories);
         while (it.hasNext()) {
             const QFileInfo info = it.nextFileInfo();
             files << u"%1 %2 %3"_s.arg(info.filePath(), QString::number(info.size()),

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The suite: the three manager windows of one process and the links between them. Each
 // manager is made by the first command that needs it and exists at most once; the windows

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // `troupe`: the suite's program. Without files it shows the rig binding manager with no
 // document; with files it opens each in the manager of its kind. `--check` and `--plan` answer
 // on the terminal and open no window.

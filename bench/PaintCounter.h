@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Counts the paints of a widget it filters, so a measurement knows the widget was drawn.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The show check against reading the same show once.
 //
 // A generated show of 30 scenes, each with 100 puppets over 20 rig bindings, 10 sounds and

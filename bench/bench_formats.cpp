@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Load and Save of the three document formats (.ssf, .rbt, .tsl) at the sizes of the largest
 // documents a window is expected to hold.
 // Targets: each under 100 ms each way; a Load at most 1.5 times the time of QXmlStreamReader

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The LTA scanner against a plain read of the bytes it needs, on generated LithTech-like
 // models.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The window benchmarks run on Qt's offscreen platform, so they need no display; each
 // manager's cases are in a file of their own beside this one.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The stage plan window on a large scene. Target: opening the plan of 30000 records (15000
 // puppets, 15000 cameras), shown and painted once, under 100 ms. The measurement ends after the
 // events the step posted have run, the paint included. (Typing with the plan open is measured

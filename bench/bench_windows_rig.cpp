@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The rig binding manager on its largest document: a .rbt with 32767 joints and one
 // animation, over a model that lists 32767 nodes.
 // Targets: OpenRBT from the call to filled lists under 1 s; enabling one more node as a

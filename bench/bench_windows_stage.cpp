@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The stage scene window on a large scene: 10000 puppets, 10000 sounds and 10000 cameras.
 // Targets: opening the scene, from the call to filled lists, under 1 s; adding a record,
 // and typing one character into a record's field, each under 5 ms on that scene, and also

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // `troupe --check FILE...`: the show check on the command line, without a display.
 

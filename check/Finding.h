@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One problem the show check found: the document that holds it, the record, how bad it is and
 // what is wrong, in one sentence.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The show check: a show listing, stage scene or rig binding and every file it reaches, checked
 // for what would stop the theatre playing it or play it wrong.

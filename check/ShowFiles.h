@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Where the files a show names lie, found as the managers and the run-time find them, their
 // names matched without regard to case. Each path is asked of the file system once per check,

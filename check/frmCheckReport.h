@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The report of a show check: one modeless window with the findings in a table, errors first,
 // and a line with the counts. A second check's report replaces the first.

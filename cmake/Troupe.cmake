@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Build rules shared by every folder of the project.
 
 # Warnings are errors in our own code.

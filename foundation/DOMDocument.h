@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The XML document service of the three formats: reads through Qt's QXmlStreamReader into flat
 // tables, writes UTF-8 with no declaration and no white space between elements.

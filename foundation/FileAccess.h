@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Opening and replacing the suite's files. Every document the suite reads passes one gate, so
 // the managers, the command line and the show check refuse the same files for the same

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Counts and indices of the documents are 16-bit signed integers, and every file the suite
 // saves must open again: these limits hold for the documents, their files and the scanner.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The record lists of the documents: ordered, with an Add, a Delete, a read by index and a
 // count, holding shared references, so that a field written through the record handed out is

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A coordinate triple: three texts joined by single commas in one attribute, split at the
 // first two commas. No number is parsed: blanks and letters stay.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One node of a document of the XML service: a small handle into its document's node table,
 // valid while the document lives. The tree lives in flat tables of the document, so no node

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Path services, the one shared module of the suite. The run-time that plays the files is a
 // Windows program, so stored paths keep Windows form; on Linux both separators split a path.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The product reads documents and models by path, so every fuzz input is written to a file
 // first. The workspace is one private directory per fuzzing process, made at the first

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What each format target checks of a document that reads: it writes, the text written reads
 // again with the same fields, and a second write gives the same bytes as the first. So a file

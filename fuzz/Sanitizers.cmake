@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Every target of a fuzzing build is compiled with AddressSanitizer, UndefinedBehaviorSanitizer
 # and libFuzzer's coverage hooks, so the fuzzer sees the branches of the libraries it drives
 # and any fault in them stops the run. Only the fuzz targets themselves link libFuzzer's main.

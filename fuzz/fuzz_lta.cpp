@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as a model: the scan reads the file through a buffer, and its result and both
 // name lists must not depend on the buffer's size, down to one byte, where every pattern
 // and every name is split across reads.

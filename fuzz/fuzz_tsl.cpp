@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as a show listing: a file that reads must write, read again and write the same.
 
 #include "fuzz/RoundTrip.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Draws one mark of the stage plan: a puppet as a disc with an arrow in its heading, a camera as
 // a fan opening in its heading, the main camera's fan filled. On a vector picture each mark is

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The widget the stage plan window draws its plan in. The wheel zooms about the cursor, a
 // drag moves the plan, and a click on a mark reports its record. Until the user zooms or

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // `troupe --plan FILE.ssf --output PLAN.svg`: the stage plan of a scene as a picture file,
 // drawn without a display.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Draws a stage plan with QPainter: the grid with its scale, each mark with its label, and the
 // list of records not placed. The window and the picture files draw through this one class, in

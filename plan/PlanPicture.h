@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The stage plan as a picture file, drawn without a window: SVG or PNG, by the file's
 // extension. The SVG keeps every name as text, so a viewer can search it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Where the plan's world stands on screen: a centre in world X and Z, a scale in pixels per
 // world unit and the viewport's size. X grows to the right and Z up the screen, so the screen's

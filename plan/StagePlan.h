@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A stage scene seen from above: where each puppet and camera stands and which way it faces,
 // read from the texts the author typed. The world's X runs to the right and its Z up the page

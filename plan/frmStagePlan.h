@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // `frmStagePlan`, the stage plan: one stage scene drawn from above in a window of its own,
 // beside the stage manager. It reads the scene and never changes it; the records whose numbers

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One of the scanner's two lists of names, index from 0, in file order. The names of a scan
 // stand one behind the other in one pool of bytes, with the end of each; a name becomes a

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The scanner's quick passage over the characters of a model that cannot matter: keyframe data
 // between the lists, text between two names. It finds, many characters at a time, the next

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Lists the animation and node names of a LithTech text model (.lta). It is no parser: it
 // reads the model one character at a time from the front, looks for a few fixed patterns and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One joint of a rig binding: a plain record of text fields, with no operations. Every
 // field starts empty: no default limit or vector lives in the record.

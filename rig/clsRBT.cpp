@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The rig binding's operations on its two record lists; RecordList holds the steps. Its `.rbt`
 // file is read and written in clsRBT_format.cpp.
 

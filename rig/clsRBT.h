@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The rig binding document, with its joint and animation lists; its `.rbt` file is read and
 // written in clsRBT_format.cpp.

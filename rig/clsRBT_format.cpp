@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The `.rbt` file: the document read from and written to a device through the XML document
 // service. The model, texture and icon are stored relative to the base folder, lower case,
 // backslashes doubled.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // `frmMainRBT`: the files (New, Open, Save), the fill of the model's lists and of the
 // document into the controls, and the general information. A failed New or Open leaves the
 // window as it was: the new document, its scan and its lists replace the shown ones only

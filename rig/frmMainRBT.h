@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // `frmMainRBT`, the rig binding manager: the window in which a `.rbt` document is made,
 // opened and saved, and its joints and animations chosen from its model's lists. It holds

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // `frmMainRBT`: animations. `lstAnims` shows every animation of the model, in the model's
 // order, so a row's index is the animation's Id; `lstAnimations` shows those the document
 // offers, each under a name of the author's choosing. An animation has no editor controls:

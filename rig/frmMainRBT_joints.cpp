@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // `frmMainRBT`: joints. A node picked in `lstNodes` becomes a joint through `enableJointButton`,
 // with the settings of the controls between the two lists (action, limits, axis). With a row of
 // `lstJoints` selected the same controls show that joint and every change goes straight into

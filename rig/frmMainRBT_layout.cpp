@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The controls and menus of `frmMainRBT`, each under its own name with its caption, laid out
 // by Qt layouts: the general information on top; below it the model's nodes, the joint
 // settings and the enabled joints side by side, and under them the model's animations and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // `frmNewRBT`, the modal dialog that asks for the two things a rig binding cannot be made
 // without: its name and its `.lta` model. It only gathers them; the caller reads `blnOk` and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The show listing's operations on its scene list; RecordList holds the steps. Its `.tsl`
 // file is read and written in clsTSL_format.cpp.
 

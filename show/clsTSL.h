@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The show listing document: a title, a main world and the ordered scenes of a show, with its
 // `.tsl` file.

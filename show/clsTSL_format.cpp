@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The `.tsl` file: the listing read from and written to a device through the XML document
 // service. A scene's `ssf` has its backslashes doubled in the file; `mainworld` keeps them
 // single.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The controls and menus of `frmMainTSL`, laid out by Qt layouts. The logic is in
 // frmMainTSL_events.cpp.
 

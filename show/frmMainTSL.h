@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // `frmMainTSL`, the show listing window, the manager of `.tsl` files. It holds the logic of
 // its events (frmMainTSL_events.cpp); its controls and menus, each carrying its name as

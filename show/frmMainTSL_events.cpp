@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The routines and events of `frmMainTSL`. A command that needs a document does nothing
 // while the window has none, and a failed open leaves the window with the document it had.
 

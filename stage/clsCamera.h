@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One camera of a stage scene: a plain record of text fields, with no operations. A new
 // camera stands at the origin, unturned.

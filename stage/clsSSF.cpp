@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The stage scene's operations on its three record lists; RecordList holds the steps. Its
 // `.ssf` file is read and written in clsSSF_format.cpp.
 

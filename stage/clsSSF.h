@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The stage scene document: world, connection details, main camera and three lists of
 // records; its `.ssf` file is read and written in clsSSF_format.cpp.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The `.ssf` file: the scene read from and written to a device through the XML document
 // service. `rbt` and `file` have their backslashes doubled in the file; `world` keeps them
 // single.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One sound or dialog line of a stage scene: a plain record of text fields, with no
 // operations. A new one is a sound.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The File commands of the stage scene window, its general information and the main camera
 // list. A command that needs a document does nothing while the window has none, and a failed
 // New or open leaves the window with the document it had.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // `frmMainSSF`, the Stage Scene File Manager: the window in which a `.ssf` stage scene is made
 // and changed. Its files are split by topic:

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The camera page: each camera with its name, position and orientation, on the page
 // mechanism of frmMainSSF_pages.cpp. Which camera is the main one is chosen in the general
 // information above the pages, never here.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The controls and menus of the stage scene window, each with its name as objectName, so
 // tests and scripts find it, laid out by Qt layouts. The window has a fixed border: its size
 // is the size its layout asks for.

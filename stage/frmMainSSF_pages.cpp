@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The page mechanism that the puppet, sound and camera pages share. Row i of a page's list
 // shows record i of its document list, and the selected row (`ListIndex`) is the record under
 // edit: no other variable says which record that is, so each step reads it anew. The document

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The stage plan of frmMainSSF: the scene drawn from above in a window of its own, which
 // follows every edit and selects a record's row when its mark is clicked.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The puppet page: each puppet of the scene with its rig binding file, position, scale and
 // orientation, on the page mechanism of frmMainSSF_pages.cpp.
 

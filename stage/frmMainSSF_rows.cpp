@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The fixed-pitch rows of the three lists. A row cuts its first field and pads each column
 // with blanks up to where the next begins, so the columns line up under the head labels in
 // a fixed-pitch font. A column whose text is already as long as its width or longer gets

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The sound page: sounds and dialog lines with their `.wav` file, on the page mechanism of
 // frmMainSSF_pages.cpp. The type never changes `File` here; only the file format stores a
 // dialog line's file as its stem.

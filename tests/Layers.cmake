@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The build refuses an include that crosses the layers. Each row plants one include in a
 # scratch source and compiles it exactly as a source of that library is compiled (its
 # command from compile_commands.json); the include must fail, or, for the rows that the

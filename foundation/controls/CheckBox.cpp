@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "foundation/controls/CheckBox.h"
 
 CheckBox::CheckBox(const QString& name, const QString& caption, QWidget* parent)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // `CheckBox` over QCheckBox. `Value` is 0 or 1; every change of it, by the user or
 // by code, raises `Click`.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Pick-only `ComboBox` over a QComboBox that is not editable: no typing.
 // `AddItem` never selects, so `ListIndex` is -1 until a row is picked or written; `Click`

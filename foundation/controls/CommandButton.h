@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // `CommandButton` over QPushButton, with its event `Click`. Enter on a focused button presses
 // it, as Space does. No button is a default button unless the window makes one so with

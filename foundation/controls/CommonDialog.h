@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // `CommonDialog`, one a window, as `CommonDialog1`. Its properties stay between calls;
 // `ShowOpen` and `ShowSave` go through the window's DialogService.

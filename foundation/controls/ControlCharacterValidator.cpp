@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "foundation/controls/ControlCharacterValidator.h"
 
 QValidator::State ControlCharacterValidator::validate(QString& input, int& pos) const

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Drops the control characters U+0000 to U+001F but tab from a line edit's text: a saved file
 // could not carry them and would not load again. QLineEdit hands every change of its text to

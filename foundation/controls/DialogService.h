@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The standard dialogs, `CommonDialog` (open and save), `MsgBox`, `InputBox` and the question
 // before a file is replaced, behind one

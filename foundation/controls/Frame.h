@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // `Frame` over QGroupBox. Writing `Enabled` False disables all it contains; the
 // `OptionButton`s placed directly in it form one set that excludes each other.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // `ListBox` over QListWidget, single selection, not sorted. `ListIndex` is the selected row
 // (-1 for none, also after `Clear` and after `RemoveItem` of the selected row); `Click` comes

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The frame the three manager windows stand on. What they do alike is here, once: the File
 // menu with its dialogs and messages, the caption, the Tools menu, the hand-overs to the

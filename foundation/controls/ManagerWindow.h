@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What every manager window does on a desktop besides its own logic. A window calls
 // ManagerWindow::SetUp at the end of its constructor, once its controls and menus exist:

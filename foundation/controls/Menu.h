@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A `Menu` entry over QAction, named by its objectName, with its event `Click`
 // (QAction::triggered). A menu of the menu bar is a QMenu carrying its name as well.

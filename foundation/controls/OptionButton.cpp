@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "foundation/controls/OptionButton.h"
 
 OptionButton::OptionButton(const QString& name, const QString& caption, QWidget* parent)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // `OptionButton` over QRadioButton. The buttons that stand directly in one `Frame`
 // exclude each other (Qt's auto-exclusion among the children of one widget); none is on at

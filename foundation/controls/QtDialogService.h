@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The real standard dialogs, shown modally over the active window: QFileDialog for
 // `CommonDialog`, QMessageBox for `MsgBox` and the questions, QInputDialog for `InputBox`.

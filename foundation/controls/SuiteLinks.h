@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What a manager window asks of the suite it belongs to: to show another manager, to hand
 // another manager a file, to check its document. The windows know only this interface, so no

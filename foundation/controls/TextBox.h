@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // `TextBox` over QLineEdit. Writing a different `Text` from code raises `Change` before the
 // write returns (QLineEdit::textChanged does exactly that). What the user types, pastes or

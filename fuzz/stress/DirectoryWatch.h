@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Tells when a save writes: the moments a file in the directory is created, opened, closed
 // after writing or renamed into place, whether that is its temporary file or the file itself.

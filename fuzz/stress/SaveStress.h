@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Saves that are interrupted: killed at random moments while they write, or run out of room
 // on the disk. After each, the file saved over must hold the whole old or the whole new

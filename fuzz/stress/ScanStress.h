@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Scans of a large model that another thread cuts short, writes again, grows or replaces at a
 // random moment, as an exporter does that writes the model while the author opens the rig

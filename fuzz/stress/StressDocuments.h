@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Two large documents of each format, an old and a new one, that differ in every record,
 // so a file cut off anywhere, or mixed from the two, is neither of them.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Usage:
 //   troupe_stress kill DIR [ROUNDS] [--no-temp] [--seed N]
 //   troupe_stress full DIR [--inodes] [--no-temp]

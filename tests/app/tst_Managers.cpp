@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the three managers do alike, driven on each: a save lands where the caption says, a
 // save never replaces another file without a question, the caption shows the file's name as
 // it is.

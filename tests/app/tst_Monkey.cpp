@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A monkey over the suite's windows and real documents, from a fixed seed so a failure replays:
 // after each event, a list has one row per record and the selected row's box shows its record.
 

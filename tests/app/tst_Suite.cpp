@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The suite: hand-overs and Tools entries across the managers; files on the command line.
 
 #include "app/Suite.h"

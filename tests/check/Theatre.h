@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A small show in a temporary folder laid out as a theatre keeps it: rez/ is the base folder,
 // with sounds/, models/ and worlds/ in it. As written it is clean: the show check finds nothing.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // `troupe --check` as a user runs it, without a display: its lines, summary and exit status.
 
 #include "tests/check/Theatre.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The show check over a small theatre: each planted fault gives its one finding, the check
 // reads only, and a document in a window is checked as it stands.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The report window driven through its controls: the order of the rows, a sort by a head, the
 // file a chosen finding hands on, an empty report.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The XML document service and the file gate beneath it: what a read refuses and why, the
 // bytes it writes, saves that fail safely.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The record list of every document: Ids by place or kept, and the limit of 32767 records.
 
 #include "foundation/RecordList.h"

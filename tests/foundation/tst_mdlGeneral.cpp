@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Path services: splitting, the relative form stored in files, backslashes, case.
 
 #include "foundation/mdlGeneral.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // `troupe --plan` as a user runs it on a terminal without a display: the built program on a
 // small scene in the test's own folder, writing SVG and PNG, and refusing what it cannot do.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The stage plan's geometry: which records become marks, where, facing where, and which are
 // listed as not placed; the grid's step.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The stage plan window driven through its controls: the wheel, the Fit button and keys, clicks
 // on marks and on the records not placed, and an edit of the scene it shows.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The LTA scanner: inline and sample models, limits, refused files, random texts read twice,
 // models cut short while they are scanned.
 

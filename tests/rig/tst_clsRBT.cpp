@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The rig binding's file: what a read takes and the next write gives, byte for byte,
 // and why a read fails.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The rig binding manager driven as a user would: a session, and failures that keep its document.
 
 #include "foundation/mdlGeneral.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The show listing window driven as a user would: a session, and failures that lose nothing.
 
 #include "foundation/mdlGeneral.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The stage scene window driven as a user would: a session, bad files, the fixed-pitch rows.
 
 #include "foundation/mdlGeneral.h"

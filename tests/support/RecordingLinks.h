@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The other managers as a window test sees them: every request recorded in order, "RBT",
 // "SSF", "TSL" for a manager shown, "rbt <file>", "ssf <file>" for a hand-over ("-": none),

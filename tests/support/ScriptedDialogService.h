@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A DialogService for window tests: it answers each dialog from a queue that the test fills
 // as a user would answer (a file chosen, a cancel, a text typed), and records every dialog as

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One temporary directory for a test, removed with it, and the few things tests do with files
 // in it. Made the base directory of the run, it is also strCurrentDir until the test ends.

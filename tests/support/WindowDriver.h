@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Drives a window as a user would, finding its controls by their names (objectName): keys
 // typed one by one, mouse clicks on buttons and rows, menu entries chosen, keys pressed on a

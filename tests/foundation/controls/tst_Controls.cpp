@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The control layer where it behaves otherwise than the Qt widget beneath it.
 
 #include "foundation/controls/ComboBox.h"

@@ -32,8 +32,8 @@ QString ModelMessage(const QString& strModelFile)
 
 } // namespace
 
-frmMainRBT::frmMainRBT(DialogService& dialogs, SuiteLinks* links, QWidget* parent)
-    : ManagerFrame(Manager::RBT, dialogs, links, parent)
+frmMainRBT::frmMainRBT(DialogService& dialogs, SuiteLinks* links)
+    : ManagerFrame(Manager::RBT, dialogs, links)
 {
     // A fixed border: no maximise button and no resizing.
     setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |

@@ -32,8 +32,7 @@ class frmMainRBT : public ManagerFrame {
 public:
     // The standard dialogs go through `dialogs`; `links` reaches the other managers (none
     // leaves the Tools entries without effect). The window keeps both references.
-    explicit frmMainRBT(DialogService& dialogs, SuiteLinks* links = nullptr,
-                        QWidget* parent = nullptr);
+    explicit frmMainRBT(DialogService& dialogs, SuiteLinks* links = nullptr);
     ~frmMainRBT() override;
 
     // Opens the file of that bare name in `strCurrentDir` as the window's document; shows

@@ -21,11 +21,11 @@ frmNewRBT::frmNewRBT(DialogService& dialogs, QWidget* parent)
                    Qt::WindowCloseButtonHint);
     setModal(true);
 
-    frame = new Frame(QStringLiteral("Frame1"), QString(), this);
-    nameLabel = new QLabel(QStringLiteral("Name"), frame);
+    auto* frame = new Frame(QStringLiteral("Frame1"), QString(), this);
+    auto* nameLabel = new QLabel(QStringLiteral("Name"), frame);
     nameLabel->setObjectName(QStringLiteral("Label2"));
     txtRBTName = new TextBox(QStringLiteral("txtRBTName"), frame);
-    modelLabel = new QLabel(QStringLiteral("LichTech Model"), frame);
+    auto* modelLabel = new QLabel(QStringLiteral("LichTech Model"), frame);
     modelLabel->setObjectName(QStringLiteral("Label1"));
     txtModel = new TextBox(QStringLiteral("txtModel"), frame);
     modelChooser = new CommandButton(QStringLiteral("Command1"), QStringLiteral("..."), frame);

@@ -14,8 +14,6 @@
 
 class CommandButton;
 class DialogService;
-class Frame;
-class QLabel;
 class TextBox;
 
 class frmNewRBT : public QDialog {
@@ -44,10 +42,8 @@ private:
     DialogService& m_dialogs;
     CommonDialog CommonDialog1;
 
-    Frame* frame = nullptr;
-    QLabel* nameLabel = nullptr;
+    // The controls the dialog reads and works; its frame and labels belong to its layout.
     TextBox* txtRBTName = nullptr;
-    QLabel* modelLabel = nullptr;
     TextBox* txtModel = nullptr;
     CommandButton* modelChooser = nullptr;
     CommandButton* okButton = nullptr;

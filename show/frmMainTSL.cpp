@@ -45,8 +45,8 @@ void layOutFieldRows(Frame* frame, QLabel* label1, TextBox* box1, QLabel* label2
 
 } // namespace
 
-frmMainTSL::frmMainTSL(DialogService& dialogs, SuiteLinks* links, QWidget* parent)
-    : ManagerFrame(Manager::TSL, dialogs, links, parent)
+frmMainTSL::frmMainTSL(DialogService& dialogs, SuiteLinks* links)
+    : ManagerFrame(Manager::TSL, dialogs, links)
 {
     createControls();
     createMenus();
@@ -65,9 +65,10 @@ void frmMainTSL::createControls()
     // General information: title and main world.
     generalFrame =
         new Frame(QStringLiteral("Frame4"), QStringLiteral("General information"), central);
-    titleLabel = makeLabel(QStringLiteral("Label7"), QStringLiteral("Title"), generalFrame);
+    auto* titleLabel = makeLabel(QStringLiteral("Label7"), QStringLiteral("Title"), generalFrame);
     txtTitle = new TextBox(QStringLiteral("txtTitle"), generalFrame);
-    worldLabel = makeLabel(QStringLiteral("Label3"), QStringLiteral("Main world"), generalFrame);
+    auto* worldLabel =
+        makeLabel(QStringLiteral("Label3"), QStringLiteral("Main world"), generalFrame);
     txtWorld = new TextBox(QStringLiteral("txtWorld"), generalFrame);
     worldChooser =
         new CommandButton(QStringLiteral("Command5"), QStringLiteral("..."), generalFrame);
@@ -84,9 +85,9 @@ void frmMainTSL::createControls()
         new CommandButton(QStringLiteral("Command1"), QStringLiteral("Add scene..."), scenesFrame);
 
     sceneDetail = new Frame(QStringLiteral("Frame2"), QString(), scenesFrame);
-    nameLabel = makeLabel(QStringLiteral("Label2"), QStringLiteral("Name:"), sceneDetail);
+    auto* nameLabel = makeLabel(QStringLiteral("Label2"), QStringLiteral("Name:"), sceneDetail);
     txtName = new TextBox(QStringLiteral("txtName"), sceneDetail);
-    ssfLabel = makeLabel(QStringLiteral("Label6"), QStringLiteral("SSF File:"), sceneDetail);
+    auto* ssfLabel = makeLabel(QStringLiteral("Label6"), QStringLiteral("SSF File:"), sceneDetail);
     txtSSF = new TextBox(QStringLiteral("txtSSF"), sceneDetail);
     txtSSF->setLocked(true); // changes only through ssfChooser
     ssfChooser = new CommandButton(QStringLiteral("Command3"), QStringLiteral("..."), sceneDetail);

@@ -22,8 +22,7 @@ public:
     // The standard dialogs go through `dialogs`; the other managers are reached through
     // `links`, and without links the Tools entries and the hand-over do nothing. The window
     // keeps both references.
-    explicit frmMainTSL(DialogService& dialogs, SuiteLinks* links = nullptr,
-                        QWidget* parent = nullptr);
+    explicit frmMainTSL(DialogService& dialogs, SuiteLinks* links = nullptr);
 
     // Opens the file of that bare name in `strCurrentDir` as the window's document; True when
     // it opened. A failure shows the open message and leaves the window as it was. The
@@ -71,11 +70,10 @@ private:
     std::unique_ptr<clsTSL> objTSL; // none until the first New or open
     QString strCurrentFile;
 
-    // --- controls, owned by the window through their Qt parents ---
+    // --- controls, owned by the window through their Qt parents (the labels that only name a
+    // box belong to the layout) ---
     Frame* generalFrame = nullptr;
-    QLabel* titleLabel = nullptr;
     TextBox* txtTitle = nullptr;
-    QLabel* worldLabel = nullptr;
     TextBox* txtWorld = nullptr;
     CommandButton* worldChooser = nullptr;
     Frame* scenesFrame = nullptr;
@@ -84,9 +82,7 @@ private:
     ListBox* lstScenes = nullptr;
     CommandButton* addSceneButton = nullptr;
     Frame* sceneDetail = nullptr;
-    QLabel* nameLabel = nullptr;
     TextBox* txtName = nullptr;
-    QLabel* ssfLabel = nullptr;
     TextBox* txtSSF = nullptr;
     CommandButton* ssfChooser = nullptr;
 

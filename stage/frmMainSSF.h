@@ -32,8 +32,7 @@ class frmMainSSF : public ManagerFrame {
 public:
     // The standard dialogs go through `dialogs`; `links` reaches the other managers (none:
     // the Tools entries and the hand-over do nothing). The window keeps both references.
-    explicit frmMainSSF(DialogService& dialogs, SuiteLinks* links = nullptr,
-                        QWidget* parent = nullptr);
+    explicit frmMainSSF(DialogService& dialogs, SuiteLinks* links = nullptr);
     ~frmMainSSF() override;
 
     // Opens the file of that bare name in `strCurrentDir` as the window's document. On

@@ -127,8 +127,8 @@ Frame* tripleFrame(const char* name, const char* caption, const QString& firstTe
 
 } // namespace
 
-frmMainSSF::frmMainSSF(DialogService& dialogs, SuiteLinks* links, QWidget* parent)
-    : ManagerFrame(Manager::SSF, dialogs, links, parent)
+frmMainSSF::frmMainSSF(DialogService& dialogs, SuiteLinks* links)
+    : ManagerFrame(Manager::SSF, dialogs, links)
 {
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);
     createControls();

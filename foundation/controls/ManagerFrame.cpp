@@ -39,8 +39,8 @@ const ManagerFrame::Family& ManagerFrame::family() const
     return families[int(m_kind)];
 }
 
-ManagerFrame::ManagerFrame(Manager kind, DialogService& dialogs, SuiteLinks* links, QWidget* parent)
-    : QMainWindow(parent), m_dialogs(dialogs), CommonDialog1(dialogs), m_kind(kind), m_links(links)
+ManagerFrame::ManagerFrame(Manager kind, DialogService& dialogs, SuiteLinks* links)
+    : QMainWindow(nullptr), m_dialogs(dialogs), CommonDialog1(dialogs), m_kind(kind), m_links(links)
 {
     strBaseCaption = family().Caption;
     setObjectName(family().Window);

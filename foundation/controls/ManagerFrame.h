@@ -48,7 +48,7 @@ protected:
     // The manager of a family of files, with its name and designed caption; the File menu is
     // made here, first in the menu bar. The dialogs and the suite are kept by reference;
     // without links the Tools entries and hand-overs do nothing.
-    ManagerFrame(Manager kind, DialogService& dialogs, SuiteLinks* links, QWidget* parent);
+    ManagerFrame(Manager kind, DialogService& dialogs, SuiteLinks* links);
 
     // Ends the set-up once the window's own controls and menus are made: the Tools menu
     // (the other managers, then "Check...") last in the menu bar, the designed size (by default the

@@ -65,32 +65,49 @@ QString WhyNoDocument(Manager manager, const QString& path)
     return read ? QString() : QStringLiteral("it is no %1: %2").arg(kind, why);
 }
 
+// The manager of a file, by its extension; none for a file of another kind.
+std::optional<Manager> ManagerOf(const QString& path)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    if (suffix == u"rbt")
+        return Manager::RBT;
+    if (suffix == u"ssf")
+        return Manager::SSF;
+    if (suffix == u"tsl")
+        return Manager::TSL;
+    return std::nullopt;
+}
+
+// As every open: the first file opened sets the base folder of the run, and a manager looks
+// for a file's bare name there. Why the file of that full path cannot be opened so; empty
+// when it can.
+QString OutsideTheBaseFolder(const QString& fullPath)
+{
+    mdlGeneral::TakeCurrentDirFrom(fullPath);
+    if (mdlGeneral::GetDirectory(fullPath) == mdlGeneral::strCurrentDir)
+        return {};
+    return QStringLiteral("it is not in the base folder of this run, %1, where every rig "
+                          "binding, scene and listing of the run is opened from")
+        .arg(mdlGeneral::strCurrentDir);
+}
+
 } // namespace
 
 QString Suite::OpenFile(const QString& path, bool& shown)
 {
-    const QString suffix = QFileInfo(path).suffix().toLower();
-    const bool rbt = suffix == u"rbt";
-    const bool ssf = suffix == u"ssf";
-    if (!rbt && !ssf && suffix != u"tsl")
+    const std::optional<Manager> manager = ManagerOf(path);
+    if (!manager)
         return QStringLiteral("Troupe opens rig binding tables (.rbt), stage scenes (.ssf) and "
                               "show listings (.tsl)");
-    const Manager manager = rbt ? Manager::RBT : ssf ? Manager::SSF : Manager::TSL;
     const QString fullPath = QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath());
-    if (const QString why = WhyNoDocument(manager, fullPath); !why.isEmpty())
+    if (const QString why = WhyNoDocument(*manager, fullPath); !why.isEmpty())
         return why;
-
-    // As the Open command does: the first file that opens sets the base folder of the run,
-    // and the manager is handed the bare name, which it looks for there.
-    mdlGeneral::TakeCurrentDirFrom(fullPath);
-    if (mdlGeneral::GetDirectory(fullPath) != mdlGeneral::strCurrentDir)
-        return QStringLiteral("it is not in the base folder of this run, %1, where every "
-                              "rig binding, scene and listing of the run is opened from")
-            .arg(mdlGeneral::strCurrentDir);
+    if (const QString why = OutsideTheBaseFolder(fullPath); !why.isEmpty())
+        return why;
     // The manager comes up first, so that a message of its open stands over it.
-    ShowManager(manager);
+    ShowManager(*manager);
     shown = true;
-    if (!Open(manager, mdlGeneral::GetFileName(fullPath)))
+    if (!Open(*manager, mdlGeneral::GetFileName(fullPath)))
         return QStringLiteral("the manager could not open it (see its message)");
     return {};
 }
@@ -117,7 +134,7 @@ void Suite::HandOver(Manager manager, const std::optional<QString>& strFileName)
 
 void Suite::Check(Manager manager)
 {
-    const auto& window = static_cast<const ManagerFrame&>(Window(manager));
+    const ManagerFrame& window = Window(manager);
     // The base folder of the run; before it is set, the folder the document was opened from
     // or saved to, else the working directory.
     QString baseDir = mdlGeneral::strCurrentDir;
@@ -152,21 +169,12 @@ void Suite::OpenFinding(const QString& file)
     // stands: opening it again would drop what is not saved.
     if (file == m_checked.second)
         return ShowManager(m_checked.first);
-    const QString suffix = QFileInfo(file).suffix().toLower();
-    const Manager manager = suffix == u"rbt"   ? Manager::RBT
-                            : suffix == u"ssf" ? Manager::SSF
-                                               : Manager::TSL;
-    const auto& window = static_cast<const ManagerFrame&>(Window(manager));
-    if (QFileInfo(window.DocumentPath()) == QFileInfo(file))
+    // A finding's file is always a document the check read.
+    const Manager manager = ManagerOf(file).value_or(Manager::TSL);
+    if (QFileInfo(Window(manager).DocumentPath()) == QFileInfo(file))
         return ShowManager(manager);
-    // Like every open, by its name in the base folder.
-    mdlGeneral::TakeCurrentDirFrom(file);
-    if (mdlGeneral::GetDirectory(file) != mdlGeneral::strCurrentDir) {
-        m_dialogs->MsgBox(file + QStringLiteral(" is not in the base folder of this run, ") +
-                          mdlGeneral::strCurrentDir +
-                          QStringLiteral(", where the managers open every file from."));
-        return;
-    }
+    if (const QString why = OutsideTheBaseFolder(file); !why.isEmpty())
+        return m_dialogs->MsgBox(file + QStringLiteral(": ") + why);
     HandOver(manager, mdlGeneral::GetFileName(file));
 }
 
@@ -191,7 +199,7 @@ frmMainTSL& Suite::TSLManager()
     return *m_tsl;
 }
 
-QWidget& Suite::Window(Manager manager)
+ManagerFrame& Suite::Window(Manager manager)
 {
     switch (manager) {
     case Manager::RBT:

@@ -17,7 +17,7 @@ class frmCheckReport;
 class frmMainRBT;
 class frmMainSSF;
 class frmMainTSL;
-class QWidget;
+class ManagerFrame;
 enum class Manager;
 
 class Suite : public SuiteLinks {
@@ -49,7 +49,7 @@ private:
     frmMainSSF& SSFManager();
     frmMainTSL& TSLManager();
     // The manager of that kind, made at its first use.
-    QWidget& Window(Manager manager);
+    ManagerFrame& Window(Manager manager);
     // Opens the bare name in the base directory in the manager of that kind; True when it
     // opened.
     bool Open(Manager manager, const QString& strFileName);

@@ -15,6 +15,8 @@ void frmMainSSF::menStagePlan_Click()
         connect(m_plan.get(), &frmStagePlan::RecordClicked, this,
                 [this](PlanRecord::Kind kind, qint16 index) { SelectRecordOfMark(kind, index); });
         ShowSceneInPlan();
+    } else {
+        m_plan->Refresh(); // the edits made while it was closed
     }
     m_plan->show();
     m_plan->raise();

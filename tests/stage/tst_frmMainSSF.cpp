@@ -179,6 +179,12 @@ void tst_frmMainSSF::thePlanFollowsTheSceneAndPicksItsRows()
 
     ui->pressKey(u"lstPuppets"_s, Qt::Key_Delete);
     QCOMPARE(canvas->Plan().Marks().size(), 1);
+
+    // Closed, it shows the edits made meanwhile when it comes back.
+    plan->close();
+    ui->click(u"Command1"_s);
+    ui->trigger(u"menStagePlan"_s);
+    QCOMPARE(canvas->Plan().Marks().size(), 2);
 }
 
 // A missing file, and one that fails at its first puppet.

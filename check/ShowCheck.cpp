@@ -2,6 +2,7 @@
 #include "check/ShowCheck.h"
 
 #include "foundation/FileAccess.h"
+#include "foundation/Number.h"
 #include "foundation/mdlGeneral.h"
 #include "rig/LtaScanner.h"
 #include "rig/clsRBT.h"
@@ -13,8 +14,6 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -31,43 +30,6 @@ QString Counted(qsizetype count, const QString& thing)
 QString Record(const QString& kind, const QString& id)
 {
     return id.isEmpty() ? kind + u" without an Id"_s : kind + u' ' + id;
-}
-
-// A plain decimal, "-12.5": an optional minus, digits, and a point with digits behind it.
-bool PlainDecimal(QStringView text)
-{
-    qsizetype i = text.startsWith(u'-') ? 1 : 0;
-    const auto digits = [&] {
-        const qsizetype from = i;
-        while (i < text.size() && text[i] >= u'0' && text[i] <= u'9')
-            ++i;
-        return i > from;
-    };
-    if (!digits())
-        return false;
-    if (i < text.size() && text[i] == u'.') {
-        ++i;
-        if (!digits())
-            return false;
-    }
-    return i == text.size();
-}
-
-// A number as QString::toDouble takes it after trimming, finite. The usual plain decimal of
-// a few digits is read by std::from_chars, which gives the same value many times faster.
-std::optional<double> Number(const QString& text)
-{
-    const QStringView trimmed = QStringView(text).trimmed();
-    char bytes[24];
-    if (trimmed.size() <= qsizetype(sizeof bytes) && PlainDecimal(trimmed)) {
-        std::transform(trimmed.begin(), trimmed.end(), bytes, [](QChar c) { return c.toLatin1(); });
-        double value = 0;
-        std::from_chars(bytes, bytes + trimmed.size(), value);
-        return value;
-    }
-    bool ok = false;
-    const double value = trimmed.toDouble(&ok);
-    return ok && std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 
 // A path as a finding shows it: without "." or ".." steps, with native separators.
@@ -273,7 +235,7 @@ void ShowCheck::CheckNumbers(const QString& file, const QString& record, const Q
     for (int axis = 0; axis < 3; ++axis) {
         const QString& text = *values[axis];
         const QChar name = QChar(u'X' + axis);
-        const std::optional<double> value = Number(text);
+        const std::optional<double> value = ReadNumber(text);
         if (!value)
             Error(file, record,
                   u"the %1 of its %2, \"%3\", is no number"_s.arg(name).arg(what, text));
@@ -386,8 +348,8 @@ void ShowCheck::CheckRBT(const clsRBT& rbt, const QString& file)
             Warning(file, record, u"%1 is on the node \"%2\" too"_s.arg(*first, j.Node));
         else
             jointOn.insert(j.Node, record);
-        const std::optional<double> min = Number(j.Min);
-        const std::optional<double> max = Number(j.Max);
+        const std::optional<double> min = ReadNumber(j.Min);
+        const std::optional<double> max = ReadNumber(j.Max);
         if (!min)
             Error(file, record, u"its lower limit \"%1\" is no number"_s.arg(j.Min));
         if (!max)
@@ -395,7 +357,9 @@ void ShowCheck::CheckRBT(const clsRBT& rbt, const QString& file)
         if (min && max && *min > *max)
             Warning(file, record,
                     u"its lower limit %1 is above its upper limit %2"_s.arg(j.Min, j.Max));
-        const auto on = [](const QString& component) { return Number(component).value_or(0) != 0; };
+        const auto on = [](const QString& component) {
+            return ReadNumber(component).value_or(0) != 0;
+        };
         if (!on(j.VectorX) && !on(j.VectorY) && !on(j.VectorZ))
             Warning(file, record,
                     u"its vector %1,%2,%3 has no component on, so it moves about no axis"_s.arg(

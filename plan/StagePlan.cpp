@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "plan/StagePlan.h"
 
+#include "foundation/Number.h"
 #include "foundation/mdlGeneral.h"
 #include "stage/clsSSF.h"
 
-#include <QByteArrayView>
 #include <QStringList>
-#include <QVarLengthArray>
 
 #include <algorithm>
 #include <cmath>
@@ -26,22 +25,10 @@ QString RecordWord(PlanRecord record)
 
 bool StagePlan::ReadNumber(const QString& text, double& value)
 {
-    // Read as ASCII bytes by the parser QString::toDouble ends in, which accepts the same
-    // numbers; the QString road first compares each character with the locale's symbols and
-    // takes several times as long, which a scene of thousands of records notices.
-    const QStringView trimmed = QStringView(text).trimmed();
-    QVarLengthArray<char, 64> bytes(trimmed.size());
-    for (qsizetype i = 0; i < trimmed.size(); ++i) {
-        if (trimmed[i].unicode() > 127)
-            return false;
-        bytes[i] = char(trimmed[i].unicode());
-    }
-    bool ok = false;
-    const double read = QByteArrayView(bytes.data(), bytes.size()).toDouble(&ok);
-    // Qt reads "inf" and "nan" too; neither is a place on a stage.
-    if (!ok || !std::isfinite(read) || std::abs(read) > std::numeric_limits<float>::max())
+    const std::optional<double> read = ::ReadNumber(text);
+    if (!read || std::abs(*read) > std::numeric_limits<float>::max())
         return false;
-    value = read;
+    value = *read;
     return true;
 }
 

@@ -50,10 +50,9 @@ public:
     // zero size for marks all on one spot; a default rectangle when there are no marks.
     const QRectF& Bounds() const { return m_bounds; }
 
-    // A coordinate or heading as the plan reads it: blanks around it are dropped, then a
-    // decimal number with a point, as QString::toDouble reads it in the C locale ("40",
-    // "-2.5", "+1e2", ".5"), that a LithTech vector can hold (single precision, up to about
-    // 3.4e38). Comma decimals, "inf", "nan", hexadecimal and empty texts do not read.
+    // A coordinate or heading as the plan reads it: a number as ReadNumber reads every number
+    // of a document ("40", "-2.5", "+1e2"; no comma decimals, "inf" or "nan"), that a LithTech
+    // vector can hold (single precision, up to about 3.4e38).
     static bool ReadNumber(const QString& text, double& value);
 
 private:
